@@ -1,0 +1,35 @@
+#include "Clock.h"
+
+#include "platform.h"
+
+namespace mv {
+
+namespace {
+
+std::int32_t now() {
+  return static_cast<std::int32_t>(platform::nowMicroseconds());
+}
+
+// The difference of two wrapping readings, taken modulo 2^32 so that a reading
+// that wrapped past the largest int still gives the right, small difference.
+int elapsedSince(std::int32_t earlier, std::int32_t later) {
+  return static_cast<std::int32_t>(static_cast<std::uint32_t>(later) -
+                                   static_cast<std::uint32_t>(earlier));
+}
+
+}  // namespace
+
+Clock::Clock() : previous(now()) {}
+
+int Clock::delta() {
+  const std::int32_t reading = now();
+  const int elapsed = elapsedSince(previous, reading);
+  previous = reading;
+  return elapsed;
+}
+
+int Clock::split() const {
+  return elapsedSince(previous, now());
+}
+
+}  // namespace mv

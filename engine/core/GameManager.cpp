@@ -1,0 +1,148 @@
+#include "GameManager.h"
+
+#include <unistd.h>
+
+#include <cstdint>
+#include <cstdlib>
+#include <ctime>
+
+#include "Clock.h"
+#include "Config.h"
+#include "FramePacer.h"
+#include "LogManager.h"
+#include "platform.h"
+
+namespace mv {
+
+namespace {
+
+const char* const STARS = "****************************************************";
+
+LogManager& log() {
+  return LogManager::getInstance();
+}
+
+}  // namespace
+
+GameManager::GameManager() : game_over(false), frame_time(33), step_count(0) {
+  setType("GameManager");
+}
+
+GameManager& GameManager::getInstance() {
+  static GameManager instance;
+  return instance;
+}
+
+int GameManager::startUp() {
+  if (refuseSecondStart()) {
+    return -1;
+  }
+  Config::getInstance().loadConfig("");
+
+  if (LogManager::getInstance().startUp() != 0) {
+    log().writeLog("GameManager::startUp(): Error! Starting log manager.");
+    return -1;
+  }
+  log().writeLog("%s", STARS);
+  log().writeLog("** Morvane version %.2f **", MORVANE_VERSION);
+  log().writeLog("** Game engine started **");
+  log().writeLog("%s", STARS);
+  Config::getInstance().logConfig();
+  writeWorkingDirectory();
+  log().writeLog(1, "Log Manager started.");
+
+  frame_time = Config::getInstance().getFrameTime();
+  log().writeLog(5, "GameManager::startUp(): frame time is %d milliseconds", frame_time);
+
+  seedRandomGenerator();
+  if (platform::beginTimerPeriod(1) == platform::TIMER_NO_CAN_DO) {
+    log().writeLog(1,
+                   "GameManager()::startUp(): Warning!  timeBeginPeriod() cannot accept 1 msec.");
+  }
+
+  game_over = false;
+  Manager::startUp();
+  log().writeLog(1, "GameManager successfully started.");
+  return 0;
+}
+
+void GameManager::writeWorkingDirectory() const {
+  char directory[256];
+  log().writeLog(1, "Working directory:");
+  if (getcwd(directory, sizeof directory) != nullptr) {
+    log().writeLog(1, "  %s", directory);
+  } else {
+    log().writeLog(1, "  %s", "(full path too long)");
+  }
+}
+
+void GameManager::seedRandomGenerator() const {
+  int seed = Config::getInstance().getRandomSeed();
+  if (seed == 0) {
+    seed = static_cast<std::int32_t>(static_cast<std::uint32_t>(std::time(nullptr)));
+  }
+  // A seed with all bits set leaves the generator as it is, for runs that must not repeat.
+  if (seed != -1) {
+    log().writeLog(10, "GameManager()::startUp(): srand() seed with %d", seed);
+    std::srand(static_cast<unsigned>(seed));
+  }
+}
+
+void GameManager::shutDown() {
+  game_over = true;
+  if (platform::endTimerPeriod(1) == platform::TIMER_NO_CAN_DO) {
+    log().writeLog(1, "GameManager()::shutDown(): Warning! timeEndPeriod() cannot accept 1 msec.");
+  }
+  log().writeLog("%s", STARS);
+  log().writeLog("** Game engine stopped **");
+  if (LogManager::getInstance().isStarted()) {
+    LogManager::getInstance().shutDown();
+  }
+  Manager::shutDown();
+}
+
+void GameManager::run() {
+  Clock clock;
+  FramePacer pacer(frame_time);
+  log().writeLog(1, "GameManager::run(): starting game loop");
+  game_over = false;
+  step_count = 0;
+  do {
+    clock.delta();
+
+    const int split = clock.split();
+    const int left = pacer.timeLeft(split);
+    if (left > 0) {
+      const int before = clock.split();
+      platform::sleepMilliseconds(left / 1000);
+      pacer.sleptFor(left, clock.split() - before);
+    } else if (pacer.overran(step_count)) {
+      log().writeLog("GameManager::run(): Can't keep up! frame_time %d ms, split %d ms", frame_time,
+                     split / 1000);
+    }
+    step_count++;
+  } while (!game_over);
+  log().writeLog(1, "GameManager::run(): end of game loop");
+}
+
+bool GameManager::isValid(std::string event_type) const {
+  return event_type == "mv-step";
+}
+
+void GameManager::setGameOver(bool new_game_over) {
+  game_over = new_game_over;
+}
+
+bool GameManager::getGameOver() const {
+  return game_over;
+}
+
+int GameManager::getFrameTime() const {
+  return frame_time;
+}
+
+int GameManager::getStepCount() const {
+  return step_count;
+}
+
+}  // namespace mv

@@ -1,0 +1,45 @@
+// The root of the engine: starts and stops every manager in order, and runs
+// the frame loop that counts the steps.
+#pragma once
+
+#include <string>
+
+#include "Manager.h"
+
+namespace mv {
+
+// The engine's version, written in the log's banner.
+constexpr double MORVANE_VERSION = 4.21;
+
+class GameManager : public Manager {
+ public:
+  static GameManager& getInstance();
+
+  // Loads the configuration and starts the managers in order: 0, or -1 when
+  // one of them refuses (those already started stay so until shutDown).
+  int startUp() override;
+
+  // Stops whatever is started, in the reverse order of starting.
+  void shutDown() override;
+
+  // Runs frames until something sets game over; may be entered again.
+  void run();
+
+  bool isValid(std::string event_type) const override;
+
+  void setGameOver(bool new_game_over = true);
+  bool getGameOver() const;
+  int getFrameTime() const;
+  int getStepCount() const;
+
+ private:
+  GameManager();
+  void writeWorkingDirectory() const;
+  void seedRandomGenerator() const;
+
+  bool game_over;
+  int frame_time;
+  int step_count;
+};
+
+}  // namespace mv

@@ -1,0 +1,25 @@
+// The few operating-system services the engine needs, behind names of its own:
+// a monotonic microsecond source, a millisecond sleep and the system timer period.
+#pragma once
+
+#include <cstdint>
+
+namespace mv {
+namespace platform {
+
+// What a timer-period request answers when the system cannot give that period.
+constexpr int TIMER_NO_CAN_DO = 97;
+
+// Microseconds from a fixed point, wrapping modulo 2^32. Only differences of
+// two readings mean anything; they are exact as long as they fit 32 bits.
+std::uint32_t nowMicroseconds();
+
+// Suspends the calling thread for about `milliseconds`; 0 or less only yields.
+void sleepMilliseconds(int milliseconds);
+
+// Asks for a system timer period of `milliseconds`: 0 when granted, else TIMER_NO_CAN_DO.
+int beginTimerPeriod(int milliseconds);
+int endTimerPeriod(int milliseconds);
+
+}  // namespace platform
+}  // namespace mv

@@ -1,0 +1,37 @@
+// Small helpers that many parts of the engine share: colour conversions, names
+// of enumerations, number formatting and stream checks.
+#pragma once
+
+#include <ios>
+#include <string>
+
+#include "Color.h"
+#include "Solidness.h"
+#include "ViewObjectLocation.h"
+
+namespace mv {
+
+// The colour's red, green and blue. CUSTOM and unknown colours leave the arguments as they are.
+void colorToRGB(Color c, unsigned char& r, unsigned char& g, unsigned char& b);
+
+// "Black" to "White"; "Unknown color" for anything else.
+std::string colorToString(Color c);
+
+// "hard", "soft" or "spectral"; "undefined" for anything else.
+std::string solidnessToString(Solidness s);
+
+// "top-left" to "bot-right"; "unknown" for anything else.
+std::string locationToString(ViewObjectLocation l);
+
+std::string toString(int i);
+
+// Six significant digits and no trailing zeros, as a stream writes a float.
+std::string toString(float f);
+
+// 32 characters, most significant bit first.
+std::string toBinaryString(unsigned u);
+
+// 0 if the stream is good; else -1, with a line in the log that says what went wrong and where.
+int checkStream(const char* where, const std::ios& stream);
+
+}  // namespace mv

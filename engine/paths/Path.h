@@ -1,0 +1,36 @@
+// A route through the world: positions in order of travel and a cursor on the
+// one being headed for. Passed nodes stay; only the cursor moves.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "Vector.h"
+
+namespace mv {
+
+class Path {
+ public:
+  Path();
+
+  // No node is left to head for; an empty path is done.
+  bool isDone() const;
+
+  // The node being headed for, or (0,0) when the path is done.
+  Vector getCurrentNode() const;
+
+  // Moves the cursor on by one, never past the end, and answers the path as it now is.
+  Path popNode();
+
+  // Replaces the nodes; the cursor stays where it is.
+  void setNodes(std::vector<Vector> new_nodes);
+
+  // Every node, from the first whatever the cursor, each followed by "|".
+  std::string toString() const;
+
+ private:
+  std::vector<Vector> nodes;
+  int index;
+};
+
+}  // namespace mv

@@ -1,0 +1,135 @@
+#include "GameManager.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <filesystem>
+
+#include "LogManager.h"
+#include "ScratchDirectory.h"
+#include "logLines.h"
+
+namespace {
+
+using mv::GameManager;
+using mv::LogManager;
+
+const std::string STARS(52, '*');
+
+std::vector<std::string> startAndStop() {
+  GameManager& game = GameManager::getInstance();
+  EXPECT_EQ(game.startUp(), 0);
+  EXPECT_TRUE(game.isStarted());
+  EXPECT_TRUE(LogManager::getInstance().isStarted());
+  game.shutDown();
+  EXPECT_FALSE(game.isStarted());
+  EXPECT_FALSE(LogManager::getInstance().isStarted());
+  return mv_test::logMessages(mv_test::readFile("morvane.log"));
+}
+
+TEST(GameManagerStartUp, WritesTheBannerAndStopLinesAndNothingSilenced) {
+  mv_test::ScratchDirectory scratch;
+  const std::vector<std::string> expected = {
+      STARS, "** Morvane version 4.21 **", "** Game engine started **", STARS,
+      STARS, "** Game engine stopped **"};
+  EXPECT_EQ(startAndStop(), expected);
+}
+
+TEST(GameManagerStartUp, WithEveryLevelShownTellsEachStepInOrder) {
+  mv_test::ScratchDirectory scratch;
+  scratch.write("mv-config.txt", "frame_time:25,random_seed:1234,");
+  LogManager::getInstance().setLogLevel(10);
+
+  const std::vector<std::string> messages = startAndStop();
+
+  const std::string working_directory = std::filesystem::current_path().string();
+  const std::vector<std::string> in_order = {
+      "LogManager::startUp(): successfully started.",
+      "** Game engine started **",
+      "Morvane configuration:",
+      "  Frame time: 25",
+      "  Scene graph: grid",
+      "Working directory:",
+      "  " + working_directory,
+      "Log Manager started.",
+      "GameManager::startUp(): frame time is 25 milliseconds",
+      "GameManager()::startUp(): srand() seed with 1234",
+      "GameManager successfully started.",
+      "** Game engine stopped **",
+      "LogManager::shutDown(): successfully stopped.",
+  };
+  auto position = messages.begin();
+  for (const std::string& line : in_order) {
+    position = std::find(position, messages.end(), line);
+    ASSERT_NE(position, messages.end()) << "missing, or out of order: " << line;
+  }
+  EXPECT_EQ(GameManager::getInstance().getFrameTime(), 25);
+}
+
+TEST(GameManagerStartUp, SeedsFromTheConfigurationOrTheTimeOrNotAtAll) {
+  mv_test::ScratchDirectory scratch;
+  std::srand(1234);
+  const int expected_first = std::rand();
+  std::srand(1);
+
+  scratch.write("mv-config.txt", "random_seed:1234,");
+  ASSERT_EQ(GameManager::getInstance().startUp(), 0);
+  EXPECT_EQ(std::rand(), expected_first);
+  GameManager::getInstance().shutDown();
+
+  LogManager::getInstance().setLogLevel(10);
+  scratch.write("mv-config.txt", "random_seed:-1,");
+  ASSERT_EQ(GameManager::getInstance().startUp(), 0);
+  GameManager::getInstance().shutDown();
+  EXPECT_EQ(mv_test::readFile("morvane.log").find("srand()"), std::string::npos)
+      << "a seed of -1 leaves the generator alone";
+
+  scratch.write("mv-config.txt", "random_seed:0,");
+  ASSERT_EQ(GameManager::getInstance().startUp(), 0);
+  GameManager::getInstance().shutDown();
+  EXPECT_NE(mv_test::readFile("morvane.log").find("srand() seed with"), std::string::npos)
+      << "a seed of 0 seeds from the time";
+}
+
+TEST(GameManagerStartUp, RefusesASecondStartAndLeavesEverythingRunning) {
+  mv_test::ScratchDirectory scratch;
+  GameManager& game = GameManager::getInstance();
+  ASSERT_EQ(game.startUp(), 0);
+  EXPECT_EQ(game.startUp(), -1);
+  EXPECT_TRUE(game.isStarted());
+  EXPECT_TRUE(LogManager::getInstance().isStarted());
+  game.shutDown();
+  EXPECT_TRUE(mv_test::hasMessage(mv_test::readFile("morvane.log"),
+                                  "GameManager::startup(): Warning! GameManager already started."));
+}
+
+TEST(GameManagerStartUp, FailingLogStopsTheStartAndShutDownStillEndsCleanly) {
+  mv_test::ScratchDirectory scratch;
+  setenv("MORVANE_LOG", "missing-folder/morvane.log", 1);
+  GameManager& game = GameManager::getInstance();
+
+  testing::internal::CaptureStderr();
+  EXPECT_EQ(game.startUp(), -1);
+  game.shutDown();
+  const std::vector<std::string> messages =
+      mv_test::logMessages(testing::internal::GetCapturedStderr());
+
+  const std::vector<std::string> expected = {
+      "LogManager::startup(): Warning! Unable to open file 'missing-folder/morvane.log'.",
+      "GameManager::startUp(): Error! Starting log manager.", STARS, "** Game engine stopped **"};
+  EXPECT_EQ(messages, expected);
+  EXPECT_FALSE(game.isStarted());
+  EXPECT_FALSE(LogManager::getInstance().isStarted());
+  EXPECT_TRUE(game.getGameOver());
+}
+
+TEST(GameManager, TakesOnlyTheStepEvent) {
+  GameManager& game = GameManager::getInstance();
+  EXPECT_TRUE(game.isValid("mv-step"));
+  EXPECT_FALSE(game.isValid("mv-keyboard"));
+  EXPECT_FALSE(game.isValid("mv-step "));
+  EXPECT_EQ(game.getType(), "GameManager");
+  EXPECT_EQ(game.getStepCount(), 0);
+}
+
+}  // namespace

@@ -1,0 +1,85 @@
+#include "LogManager.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <regex>
+
+#include "Config.h"
+#include "ScratchDirectory.h"
+#include "logLines.h"
+
+namespace {
+
+using mv::LogManager;
+
+TEST(LogManager, LinesCarryTimeAndStepAndLevelsAboveTheLogLevelAreDropped) {
+  LogManager& log = LogManager::getInstance();
+  testing::internal::CaptureStderr();
+  EXPECT_EQ(log.writeLog(0, "level %d", 0), 7);
+  EXPECT_EQ(log.writeLog(1, "level %d", 1), 0);
+  EXPECT_EQ(log.writeLog("always"), 6);
+  const std::string written = testing::internal::GetCapturedStderr();
+
+  EXPECT_TRUE(std::regex_match(written, std::regex(R"(\d\d:\d\d:\d\d    0 level 0\n)"
+                                                   R"(\d\d:\d\d:\d\d    0 always\n)")))
+      << "before start-up lines go to standard error with the same prefix; got:\n"
+      << written;
+}
+
+TEST(LogManager, TimeStringIsEightCharacters) {
+  EXPECT_TRUE(std::regex_match(mv::getTimeString(), std::regex(R"(\d\d:\d\d:\d\d)")));
+}
+
+TEST(LogManager, StartUpReplacesTheConfiguredFileAndShutDownReturnsToStandardError) {
+  mv_test::ScratchDirectory scratch;
+  scratch.write("mv-config.txt", "logfile:game.log,");
+  scratch.write("game.log", "the previous run\n");
+  mv::Config::getInstance().loadConfig();
+
+  LogManager& log = LogManager::getInstance();
+  ASSERT_EQ(log.startUp(), 0);
+  EXPECT_TRUE(log.isStarted());
+  log.writeLog("into the file");
+  log.shutDown();
+  EXPECT_FALSE(log.isStarted());
+
+  testing::internal::CaptureStderr();
+  log.writeLog("after the stop");
+  const std::string after = testing::internal::GetCapturedStderr();
+
+  EXPECT_EQ(mv_test::logMessages(mv_test::readFile("game.log")),
+            std::vector<std::string>{"into the file"});
+  EXPECT_NE(after.find("after the stop"), std::string::npos);
+}
+
+TEST(LogManager, EnvironmentOverridesTheConfiguredFile) {
+  mv_test::ScratchDirectory scratch;
+  scratch.write("mv-config.txt", "logfile:configured.log,");
+  mv::Config::getInstance().loadConfig();
+  setenv("MORVANE_LOG", "chosen.log", 1);
+
+  LogManager& log = LogManager::getInstance();
+  ASSERT_EQ(log.startUp(), 0);
+  EXPECT_EQ(log.startUp(), -1) << "a second start is refused";
+  log.shutDown();
+
+  EXPECT_TRUE(mv_test::hasMessage(mv_test::readFile("chosen.log"),
+                                  "LogManager::startup(): Warning! LogManager already started."));
+  EXPECT_EQ(mv_test::readFile("configured.log"), "");
+}
+
+TEST(LogManager, UnwritablePathRefusesToStartAndSaysSoOnStandardError) {
+  mv_test::ScratchDirectory scratch;
+  setenv("MORVANE_LOG", "no-such-folder/morvane.log", 1);
+
+  testing::internal::CaptureStderr();
+  EXPECT_EQ(LogManager::getInstance().startUp(), -1);
+  const std::string errors = testing::internal::GetCapturedStderr();
+
+  EXPECT_FALSE(LogManager::getInstance().isStarted());
+  EXPECT_TRUE(mv_test::hasMessage(
+      errors, "LogManager::startup(): Warning! Unable to open file 'no-such-folder/morvane.log'."));
+}
+
+}  // namespace

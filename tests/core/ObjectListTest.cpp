@@ -1,0 +1,114 @@
+#include "ObjectList.h"
+
+#include <gtest/gtest.h>
+
+#include <stdexcept>
+
+#include "ObjectListIterator.h"
+
+namespace {
+
+using mv::Object;
+using mv::ObjectList;
+using mv::ObjectListIterator;
+
+// The list only stores pointers, so any distinct addresses stand in for objects.
+Object* fake(int n) {
+  static char storage[16];
+  return reinterpret_cast<Object*>(&storage[n]);
+}
+
+std::vector<Object*> contents(const ObjectList& list) {
+  std::vector<Object*> objects;
+  ObjectListIterator it(&list);
+  for (it.first(); !it.isDone(); it.next()) {
+    objects.push_back(it.currentObject());
+  }
+  return objects;
+}
+
+TEST(ObjectList, GrowsByDoublingAndRefusesNull) {
+  ObjectList list;
+  EXPECT_EQ(list.getCapacity(), 1);
+  EXPECT_TRUE(list.isEmpty());
+  EXPECT_EQ(list.insert(nullptr), -1);
+  EXPECT_EQ(list.getCount(), 0);
+
+  const int capacity_after[] = {1, 2, 4, 4, 8, 8, 8, 8, 16};
+  for (int i = 0; i < 9; i++) {
+    ASSERT_EQ(list.insert(fake(i)), 0);
+    EXPECT_EQ(list.getCapacity(), capacity_after[i]) << "after insertion " << i + 1;
+  }
+  EXPECT_EQ(list.getCount(), 9);
+
+  list.clear();
+  EXPECT_TRUE(list.isEmpty());
+  EXPECT_EQ(list.getCapacity(), 16) << "clearing keeps the storage";
+}
+
+TEST(ObjectList, RemovesTheFirstMatchAndKeepsTheOrderOfTheRest) {
+  ObjectList list;
+  for (int n : {1, 2, 3, 2}) {
+    list.insert(fake(n));
+  }
+  const ObjectList before_removal = list;
+
+  EXPECT_EQ(list.remove(fake(2)), 0);
+  EXPECT_EQ(contents(list), (std::vector<Object*>{fake(1), fake(3), fake(2)}));
+  EXPECT_EQ(list.remove(fake(9)), -1);
+  EXPECT_EQ(list.getCount(), 3);
+
+  EXPECT_EQ(contents(before_removal), (std::vector<Object*>{fake(1), fake(2), fake(3), fake(2)}))
+      << "a copy is independent of its original";
+  EXPECT_EQ(before_removal.getCapacity(), 4) << "a copy keeps the capacity";
+}
+
+TEST(ObjectList, IndexingChecksItsBounds) {
+  ObjectList list;
+  list.insert(fake(1));
+  list.insert(fake(2));
+  EXPECT_EQ(list[1], fake(2));
+  list[0] = fake(5);
+  EXPECT_EQ(list[0], fake(5));
+  EXPECT_THROW(list[2], std::out_of_range);
+  EXPECT_THROW(list[-1], std::out_of_range);
+  try {
+    list[2];
+  } catch (const std::out_of_range& error) {
+    EXPECT_STREQ(error.what(), "Invalid index!");
+  }
+}
+
+TEST(ObjectList, SumAppendsTheOtherList) {
+  ObjectList a;
+  a.insert(fake(1));
+  ObjectList b;
+  b.insert(fake(2));
+  b.insert(fake(3));
+  EXPECT_EQ(contents(a + b), (std::vector<Object*>{fake(1), fake(2), fake(3)}));
+  EXPECT_EQ(contents(a), std::vector<Object*>{fake(1)});
+  a = a;
+  EXPECT_EQ(contents(a), std::vector<Object*>{fake(1)}) << "assigning to itself changes nothing";
+}
+
+TEST(ObjectListIterator, SeesAppendedElementsAndStopsAtTheEnd) {
+  ObjectList list;
+  list.insert(fake(1));
+  ObjectListIterator it(&list);
+  std::vector<Object*> seen;
+  for (it.first(); !it.isDone(); it.next()) {
+    seen.push_back(it.currentObject());
+    if (seen.size() == 1) {
+      list.insert(fake(2));
+    }
+  }
+  EXPECT_EQ(seen, (std::vector<Object*>{fake(1), fake(2)}));
+
+  it.next();
+  EXPECT_TRUE(it.isDone());
+  EXPECT_EQ(it.currentObject(), nullptr);
+  list.insert(fake(3));
+  EXPECT_EQ(it.currentObject(), fake(3)) << "next() never ran past the end";
+}
+
+}  // namespace
