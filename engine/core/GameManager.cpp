@@ -8,6 +8,7 @@
 
 #include "Clock.h"
 #include "Config.h"
+#include "DisplayManager.h"
 #include "FramePacer.h"
 #include "LogManager.h"
 #include "platform.h"
@@ -54,6 +55,12 @@ int GameManager::startUp() {
   frame_time = Config::getInstance().getFrameTime();
   log().writeLog(5, "GameManager::startUp(): frame time is %d milliseconds", frame_time);
 
+  if (DisplayManager::getInstance().startUp() != 0) {
+    log().writeLog("GameManager::startUp(): Error! Starting display manager.");
+    return -1;
+  }
+  log().writeLog(1, "Display manager started.");
+
   seedRandomGenerator();
   if (platform::beginTimerPeriod(1) == platform::TIMER_NO_CAN_DO) {
     log().writeLog(1,
@@ -93,6 +100,10 @@ void GameManager::shutDown() {
   if (platform::endTimerPeriod(1) == platform::TIMER_NO_CAN_DO) {
     log().writeLog(1, "GameManager()::shutDown(): Warning! timeEndPeriod() cannot accept 1 msec.");
   }
+  if (DisplayManager::getInstance().isStarted()) {
+    DisplayManager::getInstance().shutDown();
+    log().writeLog(1, "Display manager stopped");
+  }
   log().writeLog("%s", STARS);
   log().writeLog("** Game engine stopped **");
   if (LogManager::getInstance().isStarted()) {
@@ -109,6 +120,7 @@ void GameManager::run() {
   step_count = 0;
   do {
     clock.delta();
+    DisplayManager::getInstance().swapBuffers();
 
     const int split = clock.split();
     const int left = pacer.timeLeft(split);

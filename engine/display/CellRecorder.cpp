@@ -1,0 +1,7 @@
+#include "CellRecorder.h"
+
+namespace mv {
+
+CellRecorder::~CellRecorder() = default;
+
+}  // namespace mv

@@ -1,0 +1,483 @@
+#include "DisplayManager.h"
+
+#include <SFML/Graphics.hpp>
+#include <algorithm>
+#include <cctype>
+#include <cstdlib>
+#include <new>
+
+#include "Config.h"
+#include "LogManager.h"
+#include "colorToSFML.h"
+#include "utility.h"
+
+// Last: Xlib defines macros that would clash with names in SFML's headers.
+#include <X11/Xlib.h>
+
+namespace mv {
+
+namespace {
+
+LogManager& log() {
+  return LogManager::getInstance();
+}
+
+// A glyph's texture is smoothed across its edge, so its quad reaches one
+// pixel past the glyph on every side and in the texture alike.
+constexpr float GLYPH_PADDING = 1.0f;
+
+// The font's texture holds a white square at its corner. A background quad
+// textured there keeps its colour whole, so backgrounds and glyphs share one
+// draw call and paint over each other in the order they were drawn.
+const sf::FloatRect WHITE_TEXELS(1.0f, 1.0f, 0.0f, 0.0f);
+
+// The size the text is made with, before the grid's own size is set.
+constexpr unsigned INITIAL_CHARACTER_SIZE = 30;
+
+// Larger glyphs would not fit in a font texture; smaller ones draw nothing.
+constexpr float LARGEST_CHARACTER_SIZE = 512.0f;
+
+// Larger windows are mistakes in the configuration, not screens.
+constexpr int LARGEST_WINDOW_SIDE = 32767;
+
+// SFML ends the whole process when it finds no display server, so look first.
+bool displayServerReachable() {
+  Display* display = XOpenDisplay(nullptr);
+  if (display == nullptr) {
+    return false;
+  }
+  XCloseDisplay(display);
+  return true;
+}
+
+// A text draws no glyph for these characters, only moves on.
+bool isBlank(sf::Uint32 code_point) {
+  return code_point == ' ' || code_point == '\t' || code_point == '\n' || code_point == '\r';
+}
+
+sf::FloatRect padded(sf::FloatRect rect) {
+  return sf::FloatRect(rect.left - GLYPH_PADDING, rect.top - GLYPH_PADDING,
+                       rect.width + 2 * GLYPH_PADDING, rect.height + 2 * GLYPH_PADDING);
+}
+
+bool endsWithPng(const std::string& file) {
+  const std::string suffix = ".png";
+  if (file.size() <= suffix.size()) {
+    return false;
+  }
+  return std::equal(suffix.begin(), suffix.end(), file.end() - suffix.size(),
+                    [](char want, char have) {
+                      return want == std::tolower(static_cast<unsigned char>(have));
+                    });
+}
+
+// White for colours that carry no red, green and blue of their own.
+void rgbOf(Color color, unsigned char& r, unsigned char& g, unsigned char& b) {
+  r = g = b = 255;
+  colorToRGB(color, r, g, b);
+}
+
+}  // namespace
+
+float charWidth() {
+  const DisplayManager& display = DisplayManager::getInstance();
+  return static_cast<float>(display.getHorizontalPixels()) /
+         static_cast<float>(display.getHorizontalChars());
+}
+
+float charHeight() {
+  const DisplayManager& display = DisplayManager::getInstance();
+  return static_cast<float>(display.getVerticalPixels()) /
+         static_cast<float>(display.getVerticalChars());
+}
+
+Vector spacesToPixels(Vector spaces) {
+  const Vector pixels(spaces.getX() * charWidth(), spaces.getY() * charHeight());
+  log().writeLog(30, "spacesToPixels(int): spaces (%.2f,%.2f) = pixels (%.2f,%.2f)", spaces.getX(),
+                 spaces.getY(), pixels.getX(), pixels.getY());
+  return pixels;
+}
+
+Vector pixelsToSpaces(Vector pixels) {
+  const Vector spaces(pixels.getX() / charWidth(), pixels.getY() / charHeight());
+  log().writeLog(30, "pixelsToSpaces(): pixels (%.2f,%.2f) = spaces (%.2f,%.2f)", pixels.getX(),
+                 pixels.getY(), spaces.getX(), spaces.getY());
+  return spaces;
+}
+
+DisplayManager::DisplayManager()
+    : window_horizontal_pixels(Config::getInstance().getWindowHorizontalPixels()),
+      window_vertical_pixels(Config::getInstance().getWindowVerticalPixels()),
+      window_horizontal_chars(Config::getInstance().getWindowHorizontalChars()),
+      window_vertical_chars(Config::getInstance().getWindowVerticalChars()),
+      window_background_color(sf::Color::Black),
+      character_size(INITIAL_CHARACTER_SIZE),
+      code_points(),
+      batching(true),
+      cell_recorder(nullptr) {
+  setType("DisplayManager");
+}
+
+// Graphics must not outlive the program's last moment with an open display,
+// so a window left by a failed start goes here, not at some later exit.
+DisplayManager::~DisplayManager() {
+  releaseGraphics();
+}
+
+DisplayManager& DisplayManager::getInstance() {
+  static DisplayManager instance;
+  return instance;
+}
+
+int DisplayManager::startUp() {
+  if (refuseSecondStart()) {
+    return -1;
+  }
+  if (readGrid() != 0) {
+    return -1;
+  }
+  if (Config::getInstance().getHeadless()) {
+    log().writeLog(1, "DisplayManager::startUp(): no graphics in headless mode.");
+  } else if (createWindow() != 0 || loadFont() != 0 || createDrawables() != 0) {
+    return -1;
+  }
+  Manager::startUp();
+  log().writeLog(5, "DisplayManager::startUp(): successfully started.");
+  return 0;
+}
+
+int DisplayManager::readGrid() {
+  const Config& config = Config::getInstance();
+  const int horizontal_pixels = config.getWindowHorizontalPixels();
+  const int vertical_pixels = config.getWindowVerticalPixels();
+  const int horizontal_chars = config.getWindowHorizontalChars();
+  const int vertical_chars = config.getWindowVerticalChars();
+  const auto fits = [](int value, int least) {
+    return value >= least && value <= LARGEST_WINDOW_SIDE;
+  };
+  if (!fits(horizontal_pixels, 0) || !fits(vertical_pixels, 0) || !fits(horizontal_chars, 1) ||
+      !fits(vertical_chars, 1)) {
+    log().writeLog(
+        "DisplayManager::startUp(): Error! A window of %d by %d pixels and %d by %d characters "
+        "can't be drawn: pixels 0 (the desktop's) to %d, characters 1 to %d.",
+        horizontal_pixels, vertical_pixels, horizontal_chars, vertical_chars, LARGEST_WINDOW_SIDE,
+        LARGEST_WINDOW_SIDE);
+    return -1;
+  }
+  window_horizontal_pixels = horizontal_pixels;
+  window_vertical_pixels = vertical_pixels;
+  window_horizontal_chars = horizontal_chars;
+  window_vertical_chars = vertical_chars;
+  return 0;
+}
+
+int DisplayManager::createWindow() {
+  if (!displayServerReachable()) {
+    const char* display = std::getenv("DISPLAY");
+    log().writeLog("DisplayManager::startUp(): Error! No display server at DISPLAY '%s'.",
+                   display != nullptr ? display : "");
+    log().writeLog("DisplayManager::startUp(): Unable to allocate window!");
+    return -1;
+  }
+  const sf::VideoMode desktop = sf::VideoMode::getDesktopMode();
+  log().writeLog(5, "DisplayManager::startUp(): window resolution (%d, %d) pixels.",
+                 static_cast<int>(desktop.width), static_cast<int>(desktop.height));
+  if (window_horizontal_pixels == 0) {
+    window_horizontal_pixels = static_cast<int>(desktop.width);
+  }
+  if (window_vertical_pixels == 0) {
+    window_vertical_pixels = static_cast<int>(desktop.height);
+  }
+
+  const Config& config = Config::getInstance();
+  sf::Uint32 style = static_cast<sf::Uint32>(config.getWindowStyle());
+  if (config.getWindowState() == 1) {
+    style |= sf::Style::Fullscreen;
+  }
+  const sf::VideoMode mode(static_cast<unsigned>(window_horizontal_pixels),
+                           static_cast<unsigned>(window_vertical_pixels), 32);
+  window.reset(new (std::nothrow)
+                   sf::RenderWindow(mode, config.getWindowTitle(), style, sf::ContextSettings()));
+  if (window == nullptr || !window->isOpen()) {
+    log().writeLog("DisplayManager::startUp(): Unable to allocate window!");
+    return -1;
+  }
+  window->setMouseCursorVisible(config.getShowMouse());
+  window->setVerticalSyncEnabled(true);
+  return 0;
+}
+
+int DisplayManager::loadFont() {
+  const std::string file = Config::getInstance().getFontFile();
+  font = std::make_unique<sf::Font>();
+  if (!font->loadFromFile(file)) {
+    log().writeLog("DisplayManager::startUp(): Error! Unable to open font from file '%s'.",
+                   file.c_str());
+    return -1;
+  }
+  return 0;
+}
+
+int DisplayManager::createDrawables() {
+  rectangle.reset(new (std::nothrow) sf::RectangleShape(sf::Vector2f(charWidth(), charHeight())));
+  if (rectangle == nullptr) {
+    log().writeLog("DisplayManager::startUp(): Error! Unable to allocate rectangle.");
+    return -1;
+  }
+  text.reset(new (std::nothrow) sf::Text("", *font, INITIAL_CHARACTER_SIZE));
+  if (text == nullptr) {
+    log().writeLog("DisplayManager::startUp(): Error! Unable to allocate text.");
+    return -1;
+  }
+  text->setStyle(sf::Text::Bold);
+  character_size = characterSizeForCells();
+  text->setCharacterSize(character_size);
+
+  window_background_color = colorToSFML(Config::getInstance().getWindowBackgroundColor());
+  rectangle->setFillColor(window_background_color);
+  // The first frame starts on the background, like every frame after a swap.
+  window->clear(window_background_color);
+
+  // The text turns its string into code points through the current locale; the batch
+  // must find the very same glyphs.
+  for (unsigned c = 0; c < code_points.size(); ++c) {
+    code_points[c] = sf::String(std::string(1, static_cast<char>(c)))[0];
+  }
+  return 0;
+}
+
+unsigned DisplayManager::characterSizeForCells() const {
+  const float scale = Config::getInstance().getFontScale();
+  const float size = scale * std::min(charWidth(), charHeight());
+  if (size >= 1.0f && size <= LARGEST_CHARACTER_SIZE) {
+    return static_cast<unsigned>(size);
+  }
+  const unsigned held = size > LARGEST_CHARACTER_SIZE ? LARGEST_CHARACTER_SIZE : 1;
+  log().writeLog(
+      "DisplayManager::startUp(): Warning! Font scale %.2f gives characters of %.2f pixels; "
+      "drawing them at %u.",
+      scale, size, held);
+  return held;
+}
+
+void DisplayManager::shutDown() {
+  releaseGraphics();
+  Manager::shutDown();
+  log().writeLog(5, "DisplayManager::shutDown(): successfully stopped.");
+}
+
+void DisplayManager::releaseGraphics() {
+  batch.clear();
+  if (window != nullptr) {
+    window->close();
+    window.reset();
+  }
+  text.reset();
+  rectangle.reset();
+  font.reset();
+}
+
+int DisplayManager::drawCharacter(Vector world_pos, char ch, unsigned char r, unsigned char g,
+                                  unsigned char b, float rotation) {
+  if (!isStarted()) {
+    log().writeLog("%s not started!", getType().c_str());
+    return -1;
+  }
+  if (cell_recorder != nullptr) {
+    cell_recorder->recordCell(world_pos, ch, r, g, b);
+  }
+  if (window == nullptr) {
+    return -1;
+  }
+  const Vector pixel = spacesToPixels(world_pos);
+  const sf::Vector2f glyph_at(pixel.getX(), pixel.getY());
+  // The background stands a tenth of a cell left of the glyph and a fifth
+  // below it, where it frames the ink of a glyph that hangs from its origin.
+  const sf::Vector2f background_at(pixel.getX() - charWidth() / 10,
+                                   pixel.getY() + charHeight() / 5);
+  const sf::Color color(r, g, b);
+  if (batching) {
+    batchCell(background_at, glyph_at, ch, color, rotation);
+  } else {
+    drawCellAlone(background_at, glyph_at, ch, color, rotation);
+  }
+  return 0;
+}
+
+int DisplayManager::drawCharacter(Vector world_pos, char ch, Color color, float rotation) {
+  unsigned char r, g, b;
+  rgbOf(color, r, g, b);
+  return drawCharacter(world_pos, ch, r, g, b, rotation);
+}
+
+void DisplayManager::drawCellAlone(sf::Vector2f background_at, sf::Vector2f glyph_at, char ch,
+                                   sf::Color color, float rotation) {
+  rectangle->setPosition(background_at);
+  rectangle->setRotation(rotation);
+  window->draw(*rectangle);
+  text->setString(std::string(1, ch));
+  text->setPosition(glyph_at);
+  text->setFillColor(color);
+  text->setRotation(rotation);
+  window->draw(*text);
+}
+
+void DisplayManager::batchCell(sf::Vector2f background_at, sf::Vector2f glyph_at, char ch,
+                               sf::Color color, float rotation) {
+  sf::Transform background;
+  background.translate(background_at).rotate(rotation);
+  batchQuad(background, sf::FloatRect(0.0f, 0.0f, charWidth(), charHeight()), WHITE_TEXELS,
+            window_background_color);
+
+  const sf::Uint32 code_point = code_points[static_cast<unsigned char>(ch)];
+  if (isBlank(code_point)) {
+    return;
+  }
+  const sf::Glyph& glyph = font->getGlyph(code_point, character_size, true);
+  // A text hangs its glyphs from a baseline one character size below its origin.
+  sf::Transform baseline;
+  baseline.translate(glyph_at).rotate(rotation).translate(0.0f,
+                                                          static_cast<float>(character_size));
+  batchQuad(baseline, padded(glyph.bounds), padded(sf::FloatRect(glyph.textureRect)), color);
+}
+
+void DisplayManager::batchQuad(const sf::Transform& place, sf::FloatRect corners,
+                               sf::FloatRect texels, sf::Color color) {
+  const float right = corners.left + corners.width;
+  const float bottom = corners.top + corners.height;
+  const float texel_right = texels.left + texels.width;
+  const float texel_bottom = texels.top + texels.height;
+  const sf::Vertex top_left(place.transformPoint(corners.left, corners.top), color,
+                            sf::Vector2f(texels.left, texels.top));
+  const sf::Vertex top_right(place.transformPoint(right, corners.top), color,
+                             sf::Vector2f(texel_right, texels.top));
+  const sf::Vertex bottom_left(place.transformPoint(corners.left, bottom), color,
+                               sf::Vector2f(texels.left, texel_bottom));
+  const sf::Vertex bottom_right(place.transformPoint(right, bottom), color,
+                                sf::Vector2f(texel_right, texel_bottom));
+  batch.insert(batch.end(),
+               {top_left, top_right, bottom_left, bottom_left, top_right, bottom_right});
+}
+
+void DisplayManager::drawBatch() {
+  if (batch.empty() || window == nullptr) {
+    return;
+  }
+  const sf::RenderStates states(&font->getTexture(character_size));
+  window->draw(batch.data(), batch.size(), sf::Triangles, states);
+  batch.clear();
+}
+
+int DisplayManager::drawString(Vector world_pos, std::string str, Justification just,
+                               Color color) {
+  if (!isStarted()) {
+    log().writeLog("%s not started!", getType().c_str());
+    return -1;
+  }
+  // Headless, nothing is drawn, but a recorder still sees the string's cells.
+  if (window == nullptr && cell_recorder == nullptr) {
+    return -1;
+  }
+  const int length = static_cast<int>(str.size());
+  float x = world_pos.getX();
+  if (just == CENTER) {
+    x -= static_cast<float>(length / 2);
+  } else if (just == RIGHT) {
+    x -= static_cast<float>(length);
+  }
+  unsigned char r, g, b;
+  rgbOf(color, r, g, b);
+  for (int i = 0; i < length; ++i) {
+    drawCharacter(Vector(x + static_cast<float>(i), world_pos.getY()), str[i], r, g, b, 0.0f);
+  }
+  return window == nullptr ? -1 : 0;
+}
+
+int DisplayManager::swapBuffers() {
+  if (!isStarted()) {
+    log().writeLog("%s not started!", getType().c_str());
+    return -1;
+  }
+  if (window == nullptr) {
+    return -1;
+  }
+  drawBatch();
+  window->display();
+  window->clear(window_background_color);
+  return 0;
+}
+
+int DisplayManager::captureScreen(sf::Image& picture) {
+  if (!isStarted()) {
+    log().writeLog("DisplayManager::captureScreen(): Error! %s not started.", getType().c_str());
+    return -1;
+  }
+  if (window == nullptr) {
+    log().writeLog("DisplayManager::captureScreen(): Error! No window in headless mode.");
+    return -1;
+  }
+  drawBatch();
+  const sf::Vector2u size = window->getSize();
+  sf::Texture copy;
+  if (!copy.create(size.x, size.y)) {
+    log().writeLog("DisplayManager::captureScreen(): Error! No texture of %u by %u pixels.",
+                   size.x, size.y);
+    return -1;
+  }
+  copy.update(*window);
+  picture = copy.copyToImage();
+  return 0;
+}
+
+int DisplayManager::saveScreenshot(std::string file) {
+  if (!endsWithPng(file)) {
+    log().writeLog("DisplayManager::saveScreenshot(): Error! File name '%s' does not end in .png.",
+                   file.c_str());
+    return -1;
+  }
+  sf::Image picture;
+  if (captureScreen(picture) != 0) {
+    return -1;
+  }
+  if (!picture.saveToFile(file)) {
+    log().writeLog("DisplayManager::saveScreenshot(): Error! Unable to write '%s'.", file.c_str());
+    return -1;
+  }
+  return 0;
+}
+
+void DisplayManager::setBatching(bool batched) {
+  drawBatch();
+  batching = batched;
+}
+
+bool DisplayManager::getBatching() const {
+  return batching;
+}
+
+void DisplayManager::setCellRecorder(CellRecorder* recorder) {
+  cell_recorder = recorder;
+}
+
+int DisplayManager::getHorizontalChars() const {
+  return window_horizontal_chars;
+}
+
+int DisplayManager::getVerticalChars() const {
+  return window_vertical_chars;
+}
+
+int DisplayManager::getHorizontalPixels() const {
+  return window_horizontal_pixels;
+}
+
+int DisplayManager::getVerticalPixels() const {
+  return window_vertical_pixels;
+}
+
+sf::RenderWindow* DisplayManager::getWindow() {
+  drawBatch();
+  return window.get();
+}
+
+}  // namespace mv
