@@ -40,14 +40,14 @@ constexpr float LARGEST_CHARACTER_SIZE = 512.0f;
 // Larger windows are mistakes in the configuration, not screens.
 constexpr int LARGEST_WINDOW_SIDE = 32767;
 
+// A connection to the display server, closed when it goes.
+using DisplayConnection = std::unique_ptr<Display, decltype(&XCloseDisplay)>;
+
 // SFML ends the whole process when it finds no display server, so look first.
-bool displayServerReachable() {
-  Display* display = XOpenDisplay(nullptr);
-  if (display == nullptr) {
-    return false;
-  }
-  XCloseDisplay(display);
-  return true;
+// The look stays connected while the window is made: a server that loses its
+// last client starts afresh and turns away whoever comes in that moment.
+DisplayConnection connectToDisplayServer() {
+  return DisplayConnection(XOpenDisplay(nullptr), &XCloseDisplay);
 }
 
 // A text draws no glyph for these characters, only moves on.
@@ -65,10 +65,9 @@ bool endsWithPng(const std::string& file) {
   if (file.size() <= suffix.size()) {
     return false;
   }
-  return std::equal(suffix.begin(), suffix.end(), file.end() - suffix.size(),
-                    [](char want, char have) {
-                      return want == std::tolower(static_cast<unsigned char>(have));
-                    });
+  return std::equal(
+      suffix.begin(), suffix.end(), file.end() - suffix.size(),
+      [](char want, char have) { return want == std::tolower(static_cast<unsigned char>(have)); });
 }
 
 // White for colours that carry no red, green and blue of their own.
@@ -172,7 +171,8 @@ int DisplayManager::readGrid() {
 }
 
 int DisplayManager::createWindow() {
-  if (!displayServerReachable()) {
+  const DisplayConnection server = connectToDisplayServer();
+  if (server == nullptr) {
     const char* display = std::getenv("DISPLAY");
     log().writeLog("DisplayManager::startUp(): Error! No display server at DISPLAY '%s'.",
                    display != nullptr ? display : "");
@@ -336,8 +336,7 @@ void DisplayManager::batchCell(sf::Vector2f background_at, sf::Vector2f glyph_at
   const sf::Glyph& glyph = font->getGlyph(code_point, character_size, true);
   // A text hangs its glyphs from a baseline one character size below its origin.
   sf::Transform baseline;
-  baseline.translate(glyph_at).rotate(rotation).translate(0.0f,
-                                                          static_cast<float>(character_size));
+  baseline.translate(glyph_at).rotate(rotation).translate(0.0f, static_cast<float>(character_size));
   batchQuad(baseline, padded(glyph.bounds), padded(sf::FloatRect(glyph.textureRect)), color);
 }
 
@@ -368,8 +367,7 @@ void DisplayManager::drawBatch() {
   batch.clear();
 }
 
-int DisplayManager::drawString(Vector world_pos, std::string str, Justification just,
-                               Color color) {
+int DisplayManager::drawString(Vector world_pos, std::string str, Justification just, Color color) {
   if (!isStarted()) {
     log().writeLog("%s not started!", getType().c_str());
     return -1;
@@ -420,8 +418,8 @@ int DisplayManager::captureScreen(sf::Image& picture) {
   const sf::Vector2u size = window->getSize();
   sf::Texture copy;
   if (!copy.create(size.x, size.y)) {
-    log().writeLog("DisplayManager::captureScreen(): Error! No texture of %u by %u pixels.",
-                   size.x, size.y);
+    log().writeLog("DisplayManager::captureScreen(): Error! No texture of %u by %u pixels.", size.x,
+                   size.y);
     return -1;
   }
   copy.update(*window);

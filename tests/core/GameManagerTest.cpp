@@ -16,6 +16,9 @@ using mv::LogManager;
 
 const std::string STARS(52, '*');
 
+// These cases are about the start and stop sequence, not about the window.
+const std::string HEADLESS = "headless:true,";
+
 std::vector<std::string> startAndStop() {
   GameManager& game = GameManager::getInstance();
   EXPECT_EQ(game.startUp(), 0);
@@ -29,6 +32,7 @@ std::vector<std::string> startAndStop() {
 
 TEST(GameManagerStartUp, WritesTheBannerAndStopLinesAndNothingSilenced) {
   mv_test::ScratchDirectory scratch;
+  scratch.write("mv-config.txt", HEADLESS);
   const std::vector<std::string> expected = {
       STARS, "** Morvane version 4.21 **", "** Game engine started **", STARS,
       STARS, "** Game engine stopped **"};
@@ -37,7 +41,7 @@ TEST(GameManagerStartUp, WritesTheBannerAndStopLinesAndNothingSilenced) {
 
 TEST(GameManagerStartUp, WithEveryLevelShownTellsEachStepInOrder) {
   mv_test::ScratchDirectory scratch;
-  scratch.write("mv-config.txt", "frame_time:25,random_seed:1234,");
+  scratch.write("mv-config.txt", HEADLESS + "frame_time:25,random_seed:1234,");
   LogManager::getInstance().setLogLevel(10);
 
   const std::vector<std::string> messages = startAndStop();
@@ -53,8 +57,10 @@ TEST(GameManagerStartUp, WithEveryLevelShownTellsEachStepInOrder) {
       "  " + working_directory,
       "Log Manager started.",
       "GameManager::startUp(): frame time is 25 milliseconds",
+      "Display manager started.",
       "GameManager()::startUp(): srand() seed with 1234",
       "GameManager successfully started.",
+      "Display manager stopped",
       "** Game engine stopped **",
       "LogManager::shutDown(): successfully stopped.",
   };
@@ -72,19 +78,19 @@ TEST(GameManagerStartUp, SeedsFromTheConfigurationOrTheTimeOrNotAtAll) {
   const int expected_first = std::rand();
   std::srand(1);
 
-  scratch.write("mv-config.txt", "random_seed:1234,");
+  scratch.write("mv-config.txt", HEADLESS + "random_seed:1234,");
   ASSERT_EQ(GameManager::getInstance().startUp(), 0);
   EXPECT_EQ(std::rand(), expected_first);
   GameManager::getInstance().shutDown();
 
   LogManager::getInstance().setLogLevel(10);
-  scratch.write("mv-config.txt", "random_seed:-1,");
+  scratch.write("mv-config.txt", HEADLESS + "random_seed:-1,");
   ASSERT_EQ(GameManager::getInstance().startUp(), 0);
   GameManager::getInstance().shutDown();
   EXPECT_EQ(mv_test::readFile("morvane.log").find("srand()"), std::string::npos)
       << "a seed of -1 leaves the generator alone";
 
-  scratch.write("mv-config.txt", "random_seed:0,");
+  scratch.write("mv-config.txt", HEADLESS + "random_seed:0,");
   ASSERT_EQ(GameManager::getInstance().startUp(), 0);
   GameManager::getInstance().shutDown();
   EXPECT_NE(mv_test::readFile("morvane.log").find("srand() seed with"), std::string::npos)
@@ -93,6 +99,7 @@ TEST(GameManagerStartUp, SeedsFromTheConfigurationOrTheTimeOrNotAtAll) {
 
 TEST(GameManagerStartUp, RefusesASecondStartAndLeavesEverythingRunning) {
   mv_test::ScratchDirectory scratch;
+  scratch.write("mv-config.txt", HEADLESS);
   GameManager& game = GameManager::getInstance();
   ASSERT_EQ(game.startUp(), 0);
   EXPECT_EQ(game.startUp(), -1);

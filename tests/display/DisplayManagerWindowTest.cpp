@@ -1,0 +1,240 @@
+// The display as a person sees it: drawn into a real window, read back and
+// checked pixel by pixel. Every case runs with cells drawn in batches and
+// one by one, which must look the same.
+#include <gtest/gtest.h>
+#include <SFML/Graphics.hpp>
+
+#include <filesystem>
+
+#include "Config.h"
+#include "DisplayManager.h"
+#include "GameManager.h"
+#include "LogManager.h"
+#include "ScratchDirectory.h"
+#include "displayStart.h"
+#include "logLines.h"
+#include "variedScreen.h"
+
+namespace {
+
+using mv::DisplayManager;
+using mv::Vector;
+
+const sf::Color GREEN_PAPER(0, 128, 0);
+
+sf::Image capture() {
+  sf::Image picture;
+  EXPECT_EQ(DisplayManager::getInstance().captureScreen(picture), 0);
+  return picture;
+}
+
+// Whether some pixel of the rectangle [left, right) x [top, bottom) passes `test`.
+template <typename Test>
+bool anyPixel(const sf::Image& picture, int left, int top, int right, int bottom, Test test) {
+  for (int y = top; y < bottom; ++y) {
+    for (int x = left; x < right; ++x) {
+      if (test(picture.getPixel(x, y))) {
+        return true;
+      }
+    }
+  }
+  return false;
+}
+
+bool hasRed(sf::Color c) {
+  return c.r > 0;
+}
+
+class DisplayWindow : public testing::TestWithParam<bool> {
+ protected:
+  void start(const std::string& config) {
+    ASSERT_EQ(mv_test::startDisplay(config), 0);
+    DisplayManager::getInstance().setBatching(GetParam());
+  }
+
+  // Covers the window in a colour that no cell draws, so backgrounds show.
+  void paper() { DisplayManager::getInstance().getWindow()->clear(GREEN_PAPER); }
+
+  mv_test::ScratchDirectory scratch;
+  DisplayManager& display = DisplayManager::getInstance();
+};
+
+TEST_P(DisplayWindow, PutsTheCellAtOneOneWhereTheGridSaysWithItsBackgroundOffset) {
+  start("window_background_color:blue,");
+  ASSERT_NE(display.getWindow(), nullptr);
+  EXPECT_EQ(display.getWindow()->getSize(), sf::Vector2u(1024, 768));
+  paper();
+  display.drawCharacter(Vector(1, 1), ' ', mv::RED, 0);
+  const sf::Image blank = capture();
+
+  // The background covers x 11.52 to 24.32 and y 38.4 to 70.4: the pixels whose centres lie inside.
+  EXPECT_EQ(blank.getPixel(12, 38), sf::Color::Blue);
+  EXPECT_EQ(blank.getPixel(23, 69), sf::Color::Blue);
+  EXPECT_EQ(blank.getPixel(11, 38), GREEN_PAPER);
+  EXPECT_EQ(blank.getPixel(12, 37), GREEN_PAPER);
+  EXPECT_EQ(blank.getPixel(24, 50), GREEN_PAPER);
+  EXPECT_EQ(blank.getPixel(20, 70), GREEN_PAPER);
+
+  display.swapBuffers();
+  display.drawCharacter(Vector(1, 1), 'H', mv::RED, 0);
+  const sf::Image letter = capture();
+  // The glyph hangs from the cell's corner (12.8, 32): its ink stands between
+  // the corner and the baseline one character size (25) below it.
+  int ink_left = 1024, ink_top = 768, ink_bottom = 0;
+  for (int y = 0; y < 100; ++y) {
+    for (int x = 0; x < 60; ++x) {
+      if (letter.getPixel(x, y) == sf::Color::Red) {
+        ink_left = std::min(ink_left, x);
+        ink_top = std::min(ink_top, y);
+        ink_bottom = std::max(ink_bottom, y);
+      }
+    }
+  }
+  EXPECT_GE(ink_left, 13);
+  EXPECT_LE(ink_left, 16);
+  EXPECT_GE(ink_top, 36);
+  EXPECT_LE(ink_top, 40);
+  EXPECT_EQ(ink_bottom, 56) << "the baseline lies at 32 + 25";
+  EXPECT_EQ(letter.getPixel(5, 5), sf::Color::Blue) << "swapBuffers cleared to the background";
+}
+
+TEST_P(DisplayWindow, DrawsEachColourAsItsValuesAndBlackOnBlackUnseen) {
+  start("");
+  for (int c = mv::BLACK; c <= mv::WHITE; ++c) {
+    display.drawCharacter(Vector(static_cast<float>(2 * c), 2), 'M', static_cast<mv::Color>(c), 0);
+  }
+  const sf::Image picture = capture();
+  const sf::Color expected[] = {sf::Color::Black,  sf::Color::Red,  sf::Color::Green,
+                                sf::Color::Yellow, sf::Color::Blue, sf::Color::Magenta,
+                                sf::Color::Cyan,   sf::Color::White};
+  for (int c = mv::BLACK; c <= mv::WHITE; ++c) {
+    const int left = static_cast<int>(2 * c * 12.8f);
+    const auto not_black = [](sf::Color p) { return p != sf::Color::Black; };
+    if (c == mv::BLACK) {
+      EXPECT_FALSE(anyPixel(picture, left, 64, left + 20, 96, not_black));
+      continue;
+    }
+    EXPECT_TRUE(
+        anyPixel(picture, left, 64, left + 20, 96, [&](sf::Color p) { return p == expected[c]; }))
+        << "colour " << c;
+    // Ink blends the colour into black, so a channel that the colour lacks stays 0.
+    const auto foreign = [&](sf::Color p) {
+      return (p.r > 0 && expected[c].r == 0) || (p.g > 0 && expected[c].g == 0) ||
+             (p.b > 0 && expected[c].b == 0);
+    };
+    EXPECT_FALSE(anyPixel(picture, left, 64, left + 20, 96, foreign)) << "colour " << c;
+  }
+}
+
+TEST_P(DisplayWindow, PaintsALaterCellOverAnEarlierOneAndItsOverhang) {
+  start("");
+  display.drawCharacter(Vector(1, 1), 'W', mv::RED, 0);
+  display.drawCharacter(Vector(1, 1), 'O', mv::GREEN, 0);
+  display.drawCharacter(Vector(5, 1), 'W', mv::RED, 0);
+  display.drawCharacter(Vector(6, 1), ' ', mv::GREEN, 0);
+  display.drawCharacter(Vector(9, 1), 'W', 255, 0, 0, 0);
+  display.drawCharacter(Vector(9.5f, 1.25f), ' ', 0, 0, 0, 0);
+  const sf::Image picture = capture();
+
+  // Each background covers x from 0.9 cell to 1.9 cells and y from 1.2 to 2.2 cells past the grid.
+  EXPECT_FALSE(anyPixel(picture, 12, 38, 24, 70, hasRed)) << "the earlier W is painted over";
+  EXPECT_TRUE(anyPixel(picture, 12, 38, 24, 70, [](sf::Color p) { return p.g == 255; }));
+  EXPECT_FALSE(anyPixel(picture, 76, 38, 88, 70, hasRed)) << "the overhang of W into cell 6";
+  EXPECT_TRUE(anyPixel(picture, 64, 38, 76, 70, hasRed)) << "the W of cell 5 itself";
+  EXPECT_FALSE(anyPixel(picture, 121, 46, 133, 78, hasRed)) << "half a cell over, half covered";
+  EXPECT_TRUE(anyPixel(picture, 115, 38, 121, 46, hasRed));
+}
+
+// Over a screen of varied cells, whole and fractional grids, and a second
+// layer half a cell off that overlaps the first everywhere.
+TEST(DisplayWindowBatches, LookLikeCellsDrawnOneByOne) {
+  for (const char* grid : {"window_horizontal_chars:157,window_vertical_chars:48,"
+                           "window_horizontal_pixels:1256,window_vertical_pixels:768,",
+                           ""}) {
+    mv_test::ScratchDirectory scratch;
+    ASSERT_EQ(mv_test::startDisplay(grid), 0);
+    DisplayManager& display = DisplayManager::getInstance();
+    sf::Image pictures[2];
+    for (const bool batched : {false, true}) {
+      display.setBatching(batched);
+      mv_scenes::drawVariedScreen(3);
+      display.drawString(Vector(3.5f, 4.5f), "Over the grid, half a cell off", mv::LEFT,
+                         mv::YELLOW);
+      display.drawCharacter(Vector(10.3f, 7.7f), '#', mv::CYAN, 30.0f);
+      pictures[batched] = capture();
+      display.swapBuffers();
+    }
+    const sf::Vector2u size = pictures[0].getSize();
+    ASSERT_EQ(size, pictures[1].getSize());
+    int differing = 0;
+    for (unsigned y = 0; y < size.y; ++y) {
+      for (unsigned x = 0; x < size.x; ++x) {
+        differing += pictures[0].getPixel(x, y) != pictures[1].getPixel(x, y);
+      }
+    }
+    EXPECT_LE(differing, static_cast<int>(size.x * size.y / 1000)) << "grid '" << grid << "'";
+    display.shutDown();
+    mv::LogManager::getInstance().shutDown();
+  }
+}
+
+TEST_P(DisplayWindow, SavesWhatTheNextSwapShowsAsAPng) {
+  start(
+      "window_horizontal_pixels:320,window_vertical_pixels:96,window_horizontal_chars:20,"
+      "window_vertical_chars:4,window_background_color:white,");
+  display.drawString(Vector(2, 1), "Rustline", mv::LEFT, mv::MAGENTA);
+  ASSERT_EQ(display.saveScreenshot("screen.png"), 0);
+  EXPECT_EQ(display.saveScreenshot("no-such-folder/screen.png"), -1);
+
+  sf::Image saved;
+  ASSERT_TRUE(saved.loadFromFile("screen.png"));
+  EXPECT_EQ(saved.getSize(), sf::Vector2u(320, 96));
+  EXPECT_EQ(saved.getPixel(0, 0), sf::Color::White);
+  EXPECT_TRUE(
+      anyPixel(saved, 32, 24, 160, 48, [](sf::Color p) { return p == sf::Color::Magenta; }));
+  mv::LogManager::getInstance().shutDown();
+  EXPECT_TRUE(mv_test::hasMessage(
+      mv_test::readFile("morvane.log"),
+      "DisplayManager::saveScreenshot(): Error! Unable to write 'no-such-folder/screen.png'."));
+}
+
+INSTANTIATE_TEST_SUITE_P(BatchedAndOneByOne, DisplayWindow, testing::Bool(),
+                         [](const testing::TestParamInfo<bool>& info) {
+                           return info.param ? "batched" : "one_by_one";
+                         });
+
+TEST(DisplayWindowStartUp, TakesTheDesktopsSizeForZeroPixelsAndHoldsOddFontScales) {
+  mv_test::ScratchDirectory scratch;
+  ASSERT_EQ(
+      mv_test::startDisplay("window_horizontal_pixels:0,window_vertical_pixels:0,font_scale:-3,"),
+      0);
+  DisplayManager& display = DisplayManager::getInstance();
+  const sf::VideoMode desktop = sf::VideoMode::getDesktopMode();
+  EXPECT_EQ(display.getWindow()->getSize(), sf::Vector2u(desktop.width, desktop.height));
+  EXPECT_FLOAT_EQ(mv::charWidth(), static_cast<float>(desktop.width) / 80);
+  sf::RenderWindow* first = display.getWindow();
+  EXPECT_EQ(display.startUp(), -1);
+  EXPECT_EQ(display.getWindow(), first);
+  EXPECT_EQ(display.drawCharacter(Vector(1, 1), 'x', mv::RED, 0), 0);
+  display.shutDown();
+  EXPECT_EQ(display.getWindow(), nullptr);
+  mv::LogManager::getInstance().shutDown();
+  EXPECT_TRUE(mv_test::hasMessage(mv_test::readFile("morvane.log"),
+                                  "DisplayManager::startUp(): Warning! Font scale -3.00 gives "
+                                  "characters of -48.00 pixels; drawing them at 1."));
+}
+
+TEST(DisplayWindowStartUp, MissingFontStopsTheGameFromStarting) {
+  mv_test::ScratchDirectory scratch;
+  scratch.write("mv-config.txt", "font_file:no-such-font.ttf,");
+  mv::GameManager& game = mv::GameManager::getInstance();
+  EXPECT_EQ(game.startUp(), -1);
+  EXPECT_FALSE(DisplayManager::getInstance().isStarted());
+  game.shutDown();
+  const std::string log = mv_test::readFile("morvane.log");
+  EXPECT_TRUE(mv_test::hasMessage(
+      log, "DisplayManager::startUp(): Error! Unable to open font from file 'no-such-font.ttf'."));
+  EXPECT_TRUE(mv_test::hasMessage(log, "GameManager::startUp(): Error! Starting display manager."));
+}
+
+}  // namespace

@@ -1,0 +1,14 @@
+// Starting the display in tests: the font comes from the build tree, the
+// settings from the test, and the log goes to the working directory.
+#pragma once
+
+#include <string>
+
+namespace mv_test {
+
+// Copies the build's font into the working directory as mv-font.ttf, loads
+// `config` as the configuration text, then starts the log and the display.
+// Answers what the display's startUp answers.
+int startDisplay(const std::string& config);
+
+}  // namespace mv_test
