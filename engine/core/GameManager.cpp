@@ -8,8 +8,10 @@
 
 #include "Clock.h"
 #include "Config.h"
+#include "EventStep.h"
 #include "FramePacer.h"
 #include "LogManager.h"
+#include "WorldManager.h"
 #include "platform.h"
 
 namespace mv {
@@ -54,6 +56,12 @@ int GameManager::startUp() {
   frame_time = Config::getInstance().getFrameTime();
   log().writeLog(5, "GameManager::startUp(): frame time is %d milliseconds", frame_time);
 
+  if (WorldManager::getInstance().startUp() != 0) {
+    log().writeLog("GameManager::startUp(): Error starting world manager.");
+    return -1;
+  }
+  log().writeLog(1, "World manager started.");
+
   seedRandomGenerator();
   if (platform::beginTimerPeriod(1) == platform::TIMER_NO_CAN_DO) {
     log().writeLog(1,
@@ -93,12 +101,20 @@ void GameManager::shutDown() {
   if (platform::endTimerPeriod(1) == platform::TIMER_NO_CAN_DO) {
     log().writeLog(1, "GameManager()::shutDown(): Warning! timeEndPeriod() cannot accept 1 msec.");
   }
+  stopIfStarted(WorldManager::getInstance(), "World manager stopped");
   log().writeLog("%s", STARS);
   log().writeLog("** Game engine stopped **");
   if (LogManager::getInstance().isStarted()) {
     LogManager::getInstance().shutDown();
   }
   Manager::shutDown();
+}
+
+void GameManager::stopIfStarted(Manager& manager, const char* stopped_line) {
+  if (manager.isStarted()) {
+    manager.shutDown();
+    log().writeLog(1, "%s", stopped_line);
+  }
 }
 
 void GameManager::run() {
@@ -109,6 +125,10 @@ void GameManager::run() {
   step_count = 0;
   do {
     clock.delta();
+    const EventStep step(step_count);
+    onEvent(&step);
+    WorldManager::getInstance().update();
+    WorldManager::getInstance().draw();
 
     const int split = clock.split();
     const int left = pacer.timeLeft(split);

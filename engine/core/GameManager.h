@@ -36,6 +36,7 @@ class GameManager : public Manager {
   GameManager();
   void writeWorkingDirectory() const;
   void seedRandomGenerator() const;
+  void stopIfStarted(Manager& manager, const char* stopped_line);
 
   bool game_over;
   int frame_time;
