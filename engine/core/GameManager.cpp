@@ -9,8 +9,10 @@
 #include "Clock.h"
 #include "Config.h"
 #include "DisplayManager.h"
+#include "EventStep.h"
 #include "FramePacer.h"
 #include "LogManager.h"
+#include "WorldManager.h"
 #include "platform.h"
 
 namespace mv {
@@ -61,6 +63,14 @@ int GameManager::startUp() {
   }
   log().writeLog(1, "Display manager started.");
 
+  if (WorldManager::getInstance().startUp() != 0) {
+    log().writeLog("GameManager::startUp(): Error starting world manager.");
+    return -1;
+  }
+  log().writeLog(1, "World manager started.");
+
+  giveTheWorldTheDisplaysSize();
+
   seedRandomGenerator();
   if (platform::beginTimerPeriod(1) == platform::TIMER_NO_CAN_DO) {
     log().writeLog(1,
@@ -71,6 +81,17 @@ int GameManager::startUp() {
   Manager::startUp();
   log().writeLog(1, "GameManager successfully started.");
   return 0;
+}
+
+// The world starts as large as the screen, and the view shows all of it.
+void GameManager::giveTheWorldTheDisplaysSize() const {
+  const DisplayManager& display = DisplayManager::getInstance();
+  const Box screen(Vector(0, 0), static_cast<float>(display.getHorizontalChars()),
+                   static_cast<float>(display.getVerticalChars()));
+  WorldManager& world = WorldManager::getInstance();
+  world.setBoundary(screen);
+  world.setView(screen);
+  world.setViewSlack(Vector(1.0f / 3.0f, 1.0f / 3.0f));
 }
 
 void GameManager::writeWorkingDirectory() const {
@@ -100,16 +121,21 @@ void GameManager::shutDown() {
   if (platform::endTimerPeriod(1) == platform::TIMER_NO_CAN_DO) {
     log().writeLog(1, "GameManager()::shutDown(): Warning! timeEndPeriod() cannot accept 1 msec.");
   }
-  if (DisplayManager::getInstance().isStarted()) {
-    DisplayManager::getInstance().shutDown();
-    log().writeLog(1, "Display manager stopped");
-  }
+  stopIfStarted(WorldManager::getInstance(), "World manager stopped");
+  stopIfStarted(DisplayManager::getInstance(), "Display manager stopped");
   log().writeLog("%s", STARS);
   log().writeLog("** Game engine stopped **");
   if (LogManager::getInstance().isStarted()) {
     LogManager::getInstance().shutDown();
   }
   Manager::shutDown();
+}
+
+void GameManager::stopIfStarted(Manager& manager, const char* stopped_line) {
+  if (manager.isStarted()) {
+    manager.shutDown();
+    log().writeLog(1, "%s", stopped_line);
+  }
 }
 
 void GameManager::run() {
@@ -120,7 +146,11 @@ void GameManager::run() {
   step_count = 0;
   do {
     clock.delta();
+    const EventStep step(step_count);
+    onEvent(&step);
     DisplayManager::getInstance().swapBuffers();
+    WorldManager::getInstance().update();
+    WorldManager::getInstance().draw();
 
     const int split = clock.split();
     const int left = pacer.timeLeft(split);

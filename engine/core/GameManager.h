@@ -34,8 +34,10 @@ class GameManager : public Manager {
 
  private:
   GameManager();
+  void giveTheWorldTheDisplaysSize() const;
   void writeWorkingDirectory() const;
   void seedRandomGenerator() const;
+  void stopIfStarted(Manager& manager, const char* stopped_line);
 
   bool game_over;
   int frame_time;

@@ -78,7 +78,8 @@ class DisplayManager : public Manager {
   void setBatching(bool batched);
   bool getBatching() const;
 
-  // Not owned; null stops the recording.
+  // Not owned; null stops the recording. Headless, the recorder stands in for
+  // the screen, and the cells it takes count as drawn.
   void setCellRecorder(CellRecorder* recorder);
 
   int getHorizontalChars() const;

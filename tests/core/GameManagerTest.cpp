@@ -5,8 +5,11 @@
 #include <cstdlib>
 #include <filesystem>
 
+#include "EventStep.h"
 #include "LogManager.h"
+#include "Object.h"
 #include "ScratchDirectory.h"
+#include "WorldManager.h"
 #include "logLines.h"
 
 namespace {
@@ -58,8 +61,10 @@ TEST(GameManagerStartUp, WithEveryLevelShownTellsEachStepInOrder) {
       "Log Manager started.",
       "GameManager::startUp(): frame time is 25 milliseconds",
       "Display manager started.",
+      "World manager started.",
       "GameManager()::startUp(): srand() seed with 1234",
       "GameManager successfully started.",
+      "World manager stopped",
       "Display manager stopped",
       "** Game engine stopped **",
       "LogManager::shutDown(): successfully stopped.",
@@ -137,6 +142,72 @@ TEST(GameManager, TakesOnlyTheStepEvent) {
   EXPECT_FALSE(game.isValid("mv-step "));
   EXPECT_EQ(game.getType(), "GameManager");
   EXPECT_EQ(game.getStepCount(), 0);
+}
+
+}  // namespace
+
+namespace {
+
+// Counts its steps, moves one cell a frame and ends the run at a given step.
+class StepCounter : public mv::Object {
+ public:
+  explicit StepCounter(int last_step) : last_step(last_step) {
+    setSolidness(mv::SPECTRAL);
+    setVelocity(mv::Vector(1, 0));
+    registerInterest("mv-step");
+  }
+  int eventHandler(const mv::Event* event) override {
+    const auto* step = dynamic_cast<const mv::EventStep*>(event);
+    if (step == nullptr) {
+      return 0;
+    }
+    steps.push_back(step->getStepCount());
+    if (step->getStepCount() == last_step) {
+      GameManager::getInstance().setGameOver();
+    }
+    return 1;
+  }
+  int last_step;
+  std::vector<int> steps;
+};
+
+TEST(GameManagerRun, AFrameThatSetsGameOverRunsToItsEndAndEachRunCountsFromZero) {
+  mv_test::ScratchDirectory scratch;
+  scratch.write("mv-config.txt", HEADLESS + "frame_time:0,");
+  GameManager& game = GameManager::getInstance();
+  ASSERT_EQ(game.startUp(), 0);
+  auto* counter = new StepCounter(3);
+
+  game.run();
+  EXPECT_EQ(counter->steps, (std::vector<int>{0, 1, 2, 3}));
+  EXPECT_EQ(game.getStepCount(), 4) << "the last frame still counts";
+  EXPECT_EQ(counter->getPosition(), mv::Vector(5, 1)) << "and its objects still moved";
+
+  counter->last_step = 1;
+  game.run();
+  EXPECT_EQ(counter->steps, (std::vector<int>{0, 1, 2, 3, 0, 1}));
+  game.shutDown();
+
+  const std::string log = mv_test::readFile("morvane.log");
+  EXPECT_EQ(log.find("Can't keep up"), std::string::npos)
+      << "a frame time of 0 runs flat out without complaint";
+}
+
+TEST(GameManagerRun, ShutDownDeletesWhatIsLeftInTheWorld) {
+  mv_test::ScratchDirectory scratch;
+  scratch.write("mv-config.txt", HEADLESS);
+  GameManager& game = GameManager::getInstance();
+  ASSERT_EQ(game.startUp(), 0);
+  bool destroyed = false;
+  struct Watched : mv::Object {
+    explicit Watched(bool* flag) : flag(flag) {}
+    ~Watched() override { *flag = true; }
+    bool* flag;
+  };
+  new Watched(&destroyed);
+  game.shutDown();
+  EXPECT_TRUE(destroyed);
+  EXPECT_FALSE(mv::WorldManager::getInstance().isStarted());
 }
 
 }  // namespace

@@ -1,0 +1,25 @@
+// A key pressed, released or held down.
+#pragma once
+
+#include "Event.h"
+
+namespace mv {
+
+inline const std::string KEYBOARD_EVENT = "mv-keyboard";
+
+class EventKeyboard : public Event {
+ public:
+  // No key and no action.
+  EventKeyboard();
+
+  virtual void setKey(int new_key);
+  virtual int getKey() const;
+  virtual void setKeyboardAction(int new_keyboard_action);
+  virtual int getKeyboardAction() const;
+
+ private:
+  int key;
+  int keyboard_action;
+};
+
+}  // namespace mv

@@ -1,0 +1,44 @@
+#include "EventNetwork.h"
+
+#include <algorithm>
+#include <iterator>
+
+#include "LogManager.h"
+
+namespace mv {
+
+bool isNetworkEvent(const std::string& label) {
+  return std::find(std::begin(NETWORK_EVENTS), std::end(NETWORK_EVENTS), label) !=
+         std::end(NETWORK_EVENTS);
+}
+
+EventNetwork::EventNetwork(int new_network_type) : network_type(-1), socket(-1), bytes(0) {
+  setType(NETWORK_EVENT);
+  if (new_network_type < -1 || new_network_type > 3) {
+    LogManager::getInstance().writeLog("EventNetwork::setLabel(): Undefined type (%d).",
+                                       new_network_type);
+    return;
+  }
+  network_type = new_network_type;
+}
+
+void EventNetwork::setNetworkType(int new_network_type) {
+  network_type = new_network_type;
+}
+int EventNetwork::getNetworkType() const {
+  return network_type;
+}
+void EventNetwork::setSocket(int new_socket) {
+  socket = new_socket;
+}
+int EventNetwork::getSocket() const {
+  return socket;
+}
+void EventNetwork::setBytes(int new_bytes) {
+  bytes = new_bytes;
+}
+int EventNetwork::getBytes() const {
+  return bytes;
+}
+
+}  // namespace mv

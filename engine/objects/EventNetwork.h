@@ -1,0 +1,40 @@
+// Something that happened on a network socket. Its subclasses name what.
+#pragma once
+
+#include "Event.h"
+
+namespace mv {
+
+inline const std::string NETWORK_EVENT = "mv-network";
+inline const std::string NETWORK_ACCEPT_EVENT = "mv-network-accept";
+inline const std::string NETWORK_CLOSE_EVENT = "mv-network-close";
+
+// Every label that belongs to the network, whether or not the engine raises it.
+inline const std::string NETWORK_EVENTS[] = {
+    NETWORK_EVENT,        "mv-keyboard-network",  "mv-mouse-network",  NETWORK_ACCEPT_EVENT,
+    "mv-network-connect", NETWORK_CLOSE_EVENT,    "mv-network-create", "mv-custom-network",
+    "mv-network-delete",  "mv-network-game-over", "mv-network-sync",
+};
+
+bool isNetworkEvent(const std::string& label);
+
+class EventNetwork : public Event {
+ public:
+  // `network_type`: -1 undefined, 0 accept, 2 close; 1 and 3 have no role yet.
+  // Anything else is logged and stored as -1.
+  explicit EventNetwork(int network_type = -1);
+
+  void setNetworkType(int new_network_type);
+  int getNetworkType() const;
+  void setSocket(int new_socket);
+  int getSocket() const;
+  void setBytes(int new_bytes);
+  int getBytes() const;
+
+ private:
+  int network_type;
+  int socket;
+  int bytes;
+};
+
+}  // namespace mv

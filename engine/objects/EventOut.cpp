@@ -1,0 +1,9 @@
+#include "EventOut.h"
+
+namespace mv {
+
+EventOut::EventOut() {
+  setType(OUT_EVENT);
+}
+
+}  // namespace mv

@@ -1,0 +1,120 @@
+// Everything that exists in the world derives from Object: identity, place,
+// motion, collision class, drawing layer, animation, a path to follow and the
+// events it listens to. The world owns every object from its construction on;
+// objects end only through WorldManager::markForDelete or the world's shutdown.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "Animation.h"
+#include "Box.h"
+#include "Event.h"
+#include "Path.h"
+#include "Solidness.h"
+#include "Vector.h"
+
+namespace mv {
+
+class Object {
+ public:
+  // Enters the world with the defaults: at (1,1), HARD, altitude 2, type "(Undefined)".
+  Object();
+  Object(const Object&) = delete;
+  Object& operator=(const Object&) = delete;
+
+  // Gives up its interests and leaves the world.
+  virtual ~Object();
+
+  virtual void setType(std::string new_type);
+  virtual void setPosition(Vector new_position);
+
+  // The base handles the end of a path search; 1 if the event was handled, else 0.
+  virtual int eventHandler(const Event* event);
+
+  // -1, changing nothing, for a value out of range or a refusal of the scene graph.
+  virtual int setSolidness(Solidness new_solidness);
+  virtual void setAvoidCollisions(bool new_avoid_collisions);
+  virtual int setAltitude(int new_altitude);
+  // Stored normalised.
+  virtual void setDirection(Vector new_direction);
+  // Speed is the velocity's length, direction its normalised form.
+  virtual void setVelocity(Vector new_velocity);
+  virtual void setAcceleration(Vector new_acceleration);
+  virtual bool isVisible() const;
+  virtual int setActive(bool new_active);
+  // The object moves to the tail of every list it is in, so the grid sees the new box.
+  virtual void setBox(Box new_box);
+  // With `set_box`, the box becomes the sprite's size.
+  virtual void setAnimation(Animation new_animation, bool set_box);
+  virtual int draw();
+  virtual void setModified(unsigned mask);
+  virtual unsigned getModified() const;
+  // Also aims the object at the current node of its path, if one is left.
+  virtual void setFollowPath(bool new_follow_path);
+
+  int getId() const;
+  std::string getType() const;
+  Box getBox() const;
+  Vector getPosition() const;
+  Vector getDirection() const;
+  float getSpeed() const;
+  Vector getAcceleration() const;
+  int getAltitude() const;
+  Solidness getSolidness() const;
+  Animation getAnimation() const;
+  bool getNoSoft() const;
+  bool getAvoidCollisions() const;
+  bool getFollowPath() const;
+  Path getPath() const;
+  bool isActive() const;
+  bool isSolid() const;
+  bool isModified() const;
+  int getEventCount() const;
+
+  // Direction scaled by speed.
+  Vector getVelocity() const;
+  // Where the velocity takes the object in one step; acceleration plays no part.
+  Vector predictPosition() const;
+  void applyAcceleration();
+  // Steers towards the next node of the path, stepping onto nodes within reach.
+  void followPath();
+
+  // Raising the id past the counter keeps later objects' ids unique.
+  void setId(int new_id);
+  void setSpeed(float new_speed);
+  void setPath(Path new_path);
+  void setNoSoft(bool new_no_soft);
+  void setVisible(bool new_visible);
+
+  // Subscribes to an event through the manager that raises it; at most 100 interests.
+  int registerInterest(std::string event_type);
+  int unregisterInterest(std::string event_type);
+
+ private:
+  void markModified(unsigned attributes);
+
+  static int next_id;
+
+  int id;
+  std::string type;
+  bool is_active;
+  bool is_visible;
+  Box box;
+  Vector position;
+  Vector direction;
+  float speed;
+  Vector acceleration;
+  int altitude;
+  Solidness solidness;
+  Animation animation;
+  bool no_soft;
+  // The registered event types, in order of registration.
+  std::vector<std::string> event_name;
+  unsigned modified;
+  Path path;
+  bool follow_path;
+  bool avoid_collisions;
+};
+
+}  // namespace mv

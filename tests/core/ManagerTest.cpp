@@ -1,0 +1,98 @@
+#include "Manager.h"
+
+#include <gtest/gtest.h>
+
+#include "EventStep.h"
+#include "GameManager.h"
+#include "RecordingObject.h"
+#include "WorldManager.h"
+#include "WorldTest.h"
+
+namespace {
+
+using mv_test::RecordingObject;
+using Log = std::vector<std::string>;
+
+class DispatchTest : public mv_test::WorldTest {
+ protected:
+  mv::WorldManager& world() { return mv::WorldManager::getInstance(); }
+  static mv::Event event(const std::string& label) {
+    mv::Event e;
+    e.setType(label);
+    return e;
+  }
+};
+
+TEST_F(DispatchTest, HandlersRunInRegistrationOrderOverACopyOfTheList) {
+  auto* a = new RecordingObject("a");
+  auto* b = new RecordingObject("b");
+  auto* c = new RecordingObject("c");
+  auto* late = new RecordingObject("late");
+  for (RecordingObject* o : {a, b, c}) {
+    o->registerInterest("ping");
+  }
+  a->on_event = [&](const mv::Event*) {
+    b->unregisterInterest("ping");
+    a->unregisterInterest("ping");
+    late->registerInterest("ping");
+  };
+  mv_test::dispatch_log.clear();
+  const mv::Event ping = event("ping");
+  EXPECT_EQ(world().onEvent(&ping), 3);
+  EXPECT_EQ(mv_test::dispatch_log, (Log{"a: ping", "b: ping", "c: ping"}))
+      << "b was taken out during the walk but was in the copy; late was not";
+
+  a->on_event = nullptr;
+  mv_test::dispatch_log.clear();
+  EXPECT_EQ(world().onEvent(&ping), 2);
+  EXPECT_EQ(mv_test::dispatch_log, (Log{"c: ping", "late: ping"}));
+}
+
+TEST_F(DispatchTest, InactiveObjectsAreSkippedButKeepTheirInterest) {
+  auto* o = new RecordingObject("o");
+  o->registerInterest("ping");
+  const mv::Event ping = event("ping");
+  o->setActive(false);
+  EXPECT_EQ(world().onEvent(&ping), 0);
+  o->setActive(true);
+  EXPECT_EQ(world().onEvent(&ping), 1);
+}
+
+TEST_F(DispatchTest, UndefinedUnknownAndForeignEventsReachNobody) {
+  auto* o = new RecordingObject("o");
+  o->registerInterest("ping");
+  const mv::Event undefined;
+  EXPECT_EQ(world().onEvent(&undefined), 0);
+  const mv::Event nobody = event("pong");
+  EXPECT_EQ(world().onEvent(&nobody), 0);
+  testing::internal::CaptureStderr();
+  const mv::EventStep step;
+  EXPECT_EQ(world().onEvent(&step), 0);
+  testing::internal::GetCapturedStderr();
+  EXPECT_TRUE(o->received.empty());
+
+  const mv::Event wearing_a_step_label = event("mv-step");
+  o->registerInterest("mv-step");
+  EXPECT_EQ(mv::GameManager::getInstance().onEvent(&wearing_a_step_label), 1)
+      << "delivery goes by the label alone";
+}
+
+TEST_F(DispatchTest, AManagerKnowsAHundredLabelsAndFreesThePlaceOfAnUnwantedOne) {
+  auto* o = new RecordingObject("o");
+  auto* other = new RecordingObject("other");
+  for (int i = 0; i < 100; i++) {
+    ASSERT_EQ(world().registerInterest(o, "label " + std::to_string(i)), 0);
+  }
+  EXPECT_EQ(world().registerInterest(o, "label 100"), -1);
+  EXPECT_EQ(world().registerInterest(other, "label 5"), 0) << "a known label still takes more";
+
+  EXPECT_EQ(world().unregisterInterest(o, "label 7"), 0);
+  EXPECT_EQ(world().registerInterest(o, "label 100"), 0) << "its place was freed";
+  EXPECT_EQ(world().unregisterInterest(o, "label 7"), -1);
+  EXPECT_EQ(world().unregisterInterest(other, "label 6"), -1);
+
+  const mv::Event later = event("label 99");
+  EXPECT_EQ(world().onEvent(&later), 1) << "labels after the freed place still deliver";
+}
+
+}  // namespace

@@ -1,0 +1,185 @@
+#include "Object.h"
+
+#include <gtest/gtest.h>
+
+#include "Attribute.h"
+#include "EventPath.h"
+#include "EventStep.h"
+#include "GameManager.h"
+#include "RecordingObject.h"
+#include "WorldManager.h"
+#include "WorldTest.h"
+#include "logLines.h"
+
+namespace {
+
+using mv::Vector;
+using mv_test::RecordingObject;
+
+class ObjectTest : public mv_test::WorldTest {};
+
+TEST_F(ObjectTest, ANewObjectHasTheDefaultsAndTheNextId) {
+  mv::Object* first = new mv::Object;
+  EXPECT_EQ(first->getId(), 1);
+  EXPECT_EQ(first->getType(), "(Undefined)");
+  EXPECT_EQ(first->getPosition(), Vector(1, 1));
+  EXPECT_EQ(first->getAltitude(), 2);
+  EXPECT_EQ(first->getSolidness(), mv::HARD);
+  EXPECT_TRUE(first->isActive());
+  EXPECT_TRUE(first->isVisible());
+  EXPECT_EQ(first->getBox(), mv::Box(Vector(-0.5f, -0.5f), 0.99f, 0.99f));
+  EXPECT_EQ(first->getModified(), 0x3ffffu);
+
+  first->setId(50);
+  EXPECT_EQ((new mv::Object)->getId(), 51);
+  first->setId(10);
+  EXPECT_EQ((new mv::Object)->getId(), 52) << "a lower id does not lower the counter";
+}
+
+TEST_F(ObjectTest, SettersRefuseWhatIsOutOfRangeAndMarkOnlyRealChanges) {
+  mv::Object* o = new mv::Object;
+  o->setModified(0);
+  o->setPosition(o->getPosition());
+  o->setBox(o->getBox());
+  EXPECT_EQ(o->setAltitude(2), 0);
+  EXPECT_EQ(o->setSolidness(mv::HARD), 0);
+  EXPECT_EQ(o->getModified(), 0u) << "setting what is already there changes nothing";
+
+  testing::internal::CaptureStderr();
+  EXPECT_EQ(o->setAltitude(5), -1);
+  EXPECT_EQ(o->setSolidness(static_cast<mv::Solidness>(3)), -1);
+  const std::string errors = testing::internal::GetCapturedStderr();
+  EXPECT_TRUE(mv_test::hasMessage(
+      errors, "Object::setAltitude(): Altitude 5 not in range [0,4].  Ignored."));
+  EXPECT_TRUE(mv_test::hasMessage(
+      errors, "Object::setSolidness(): Solidness 3 not one of HARD, SOFT or SPECTRAL."));
+  EXPECT_EQ(o->getAltitude(), 2);
+  EXPECT_EQ(o->getModified(), 0u);
+
+  o->setVelocity(Vector(3, 4));
+  EXPECT_EQ(o->getSpeed(), 5.0f);
+  EXPECT_EQ(o->getDirection(), Vector(0.6f, 0.8f));
+  EXPECT_EQ(o->getModified(), mv::SPEED | mv::DIRECTION);
+  o->setVelocity(Vector());
+  EXPECT_EQ(o->getSpeed(), 0.0f);
+  EXPECT_EQ(o->getDirection(), Vector());
+
+  o->setVelocity(Vector(1, 0));
+  o->setAcceleration(Vector(0, 1));
+  o->applyAcceleration();
+  EXPECT_FLOAT_EQ(o->getVelocity().getX(), 1.0f);
+  EXPECT_FLOAT_EQ(o->getVelocity().getY(), 1.0f);
+  EXPECT_FLOAT_EQ(o->predictPosition().getX(), 2.0f);
+}
+
+TEST_F(ObjectTest, PathsAreFollowedNodeByNodeWithinThreeQuartersOfAStep) {
+  mv::Object* o = new mv::Object;
+  o->setPosition(Vector(5, 5));
+  o->setSpeed(1);
+  mv::Path near;
+  near.setNodes({Vector(5.5f, 5)});
+  o->setPath(near);
+  o->setFollowPath(true);
+  o->followPath();
+  EXPECT_EQ(o->getPosition(), Vector(5.5f, 5)) << "0.5 away: stepped onto at once";
+  EXPECT_FALSE(o->getFollowPath()) << "and the path is done in the same call";
+  EXPECT_EQ(o->getDirection(), Vector());
+
+  mv::Path exact;
+  exact.setNodes({Vector(6.25f, 5), Vector(7.01f, 5), Vector(20, 5)});
+  o->setPath(exact);
+  o->setFollowPath(true);
+  o->followPath();
+  EXPECT_EQ(o->getPosition(), Vector(6.25f, 5)) << "exactly 0.75 away is within reach";
+  EXPECT_EQ(o->getDirection(), Vector(1, 0)) << "0.76 away: the object walks";
+  EXPECT_TRUE(o->getFollowPath());
+
+  mv::Path empty;
+  o->setPath(empty);
+  o->followPath();
+  EXPECT_FALSE(o->getFollowPath()) << "an empty path ends following";
+  EXPECT_EQ(o->getDirection(), Vector());
+
+  mv::Object* still = new mv::Object;
+  still->setPosition(Vector(1, 5));
+  still->setPath(exact);
+  still->setFollowPath(true);
+  EXPECT_EQ(still->getDirection(), Vector(1, 0)) << "following turns towards the node at once";
+  still->followPath();
+  EXPECT_EQ(still->getPosition(), Vector(1, 5)) << "speed 0 reaches nothing";
+}
+
+TEST_F(ObjectTest, APathFoundByASearchIsTakenUpByTheBaseHandler) {
+  mv::Object* o = new mv::Object;
+  mv::Path found;
+  found.setNodes({Vector(10, 1)});
+  mv::EventPath event;
+  event.setPath(found);
+  event.setResult(0);
+  EXPECT_EQ(o->eventHandler(&event), 1);
+  EXPECT_FALSE(o->getFollowPath()) << "no path: motion is left alone";
+  event.setResult(2);
+  EXPECT_EQ(o->eventHandler(&event), 1);
+  EXPECT_TRUE(o->getFollowPath());
+  EXPECT_EQ(o->getDirection(), Vector(1, 0));
+
+  mv::Event impostor;
+  impostor.setType("mv-path");
+  testing::internal::CaptureStderr();
+  EXPECT_EQ(o->eventHandler(&impostor), 0);
+  EXPECT_TRUE(
+      mv_test::hasMessage(testing::internal::GetCapturedStderr(),
+                          "Object::eventHandler(): Error! Dynamic cast to EventPath failed."));
+  const mv::EventStep step(3);
+  EXPECT_EQ(o->eventHandler(&step), 0);
+}
+
+TEST_F(ObjectTest, InterestsAreKeptPerObjectUpToAHundred) {
+  auto* o = new RecordingObject("o");
+  for (int i = 0; i < 100; i++) {
+    ASSERT_EQ(o->registerInterest("label " + std::to_string(i)), 0);
+  }
+  testing::internal::CaptureStderr();
+  EXPECT_EQ(o->registerInterest("one too many"), -1);
+  EXPECT_TRUE(mv_test::hasMessage(testing::internal::GetCapturedStderr(),
+                                  "Object::registerInterest(): maximum (100) reached, cannot "
+                                  "register for event 'one too many'"));
+  EXPECT_EQ(o->getEventCount(), 100);
+}
+
+TEST_F(ObjectTest, RegisteringTwiceStoresTwoEntriesButTheManagerOnce) {
+  auto* o = new RecordingObject("o");
+  EXPECT_EQ(o->registerInterest("rl::upgrade"), 0);
+  EXPECT_EQ(o->registerInterest("rl::upgrade"), 0);
+  EXPECT_EQ(o->getEventCount(), 2);
+  mv::Event upgrade;
+  upgrade.setType("rl::upgrade");
+  EXPECT_EQ(mv::WorldManager::getInstance().onEvent(&upgrade), 1);
+
+  EXPECT_EQ(o->unregisterInterest("rl::upgrade"), 0);
+  EXPECT_EQ(mv::WorldManager::getInstance().onEvent(&upgrade), 0);
+  EXPECT_EQ(o->unregisterInterest("rl::upgrade"), -1) << "the manager has nothing left to remove";
+  EXPECT_EQ(o->getEventCount(), 1) << "so the entry stays";
+
+  testing::internal::CaptureStderr();
+  EXPECT_EQ(o->unregisterInterest("never"), -1);
+  EXPECT_TRUE(
+      mv_test::hasMessage(testing::internal::GetCapturedStderr(),
+                          "Object::unregisterInterest(): event 'never' not previously registered"));
+}
+
+TEST_F(ObjectTest, StepsGoThroughTheGameManagerAndDeletedObjectsLeaveEveryTable) {
+  auto* o = new RecordingObject("o");
+  ASSERT_EQ(o->registerInterest("mv-step"), 0);
+  const mv::EventStep step(7);
+  EXPECT_EQ(mv::GameManager::getInstance().onEvent(&step), 1);
+  EXPECT_EQ(mv::WorldManager::getInstance().onEvent(&step), 0);
+  EXPECT_EQ(o->received, std::vector<std::string>{"mv-step"});
+
+  mv::WorldManager::getInstance().markForDelete(o);
+  mv::WorldManager::getInstance().update();
+  EXPECT_EQ(mv::GameManager::getInstance().onEvent(&step), 0)
+      << "the destructor unregistered the interest";
+}
+
+}  // namespace

@@ -1,0 +1,104 @@
+#include "Frame.h"
+
+#include <gtest/gtest.h>
+
+#include "DisplayManager.h"
+#include "Object.h"
+#include "ScratchDirectory.h"
+#include "Sprite.h"
+#include "TextScreen.h"
+#include "WorldManager.h"
+#include "displayStart.h"
+
+namespace {
+
+using mv::Frame;
+using mv::Vector;
+
+class FrameTest : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    ASSERT_EQ(mv_test::startDisplay("headless:true,window_horizontal_chars:12,"
+                                    "window_vertical_chars:5,"),
+              0);
+    mv::DisplayManager::getInstance().setCellRecorder(&screen);
+  }
+  void TearDown() override { mv::DisplayManager::getInstance().setCellRecorder(nullptr); }
+
+  mv_test::ScratchDirectory scratch;
+  mv_test::TextScreen screen{12, 5};
+};
+
+TEST_F(FrameTest, FramesAreCentredOnTheirPositionAndSkipTheTransparentCharacter) {
+  const Frame ship(3, 2, "/#\\\\#/");
+  EXPECT_EQ(ship.draw(Vector(2, 1), mv::RED, 0), 0) << "two high: rows at half a cell";
+  const Frame hollow(3, 3, "xxxx.xxxx");
+  EXPECT_EQ(hollow.draw(Vector(8, 2), mv::GREEN, 'x'), 0);
+  const Frame wide(2, 1, "ab");
+  EXPECT_EQ(wide.draw(Vector(5.5f, 4), mv::BLUE, 0), 0) << "two wide: offsets of half a cell";
+  EXPECT_EQ(screen.text(),
+            " /#\\        \n"
+            " \\#/        \n"
+            "        .   \n"
+            "            \n"
+            "     ab     \n");
+}
+
+TEST_F(FrameTest, BrokenOrEmptyFramesDrawWhatTheyHoldAndNoMore) {
+  EXPECT_EQ(Frame().draw(Vector(1, 1), mv::RED, 0), 0);
+  EXPECT_EQ(Frame(3, 0, "abc").draw(Vector(1, 1), mv::RED, 0), 0);
+  EXPECT_EQ(Frame(3, 2, "abcd").draw(Vector(6, 2), mv::RED, 0), 0)
+      << "a text shorter than its size claims is not read past its end";
+  EXPECT_EQ(screen.text(),
+            "            \n"
+            "     abc    \n"
+            "     d      \n"
+            "            \n"
+            "            \n");
+
+  mv::DisplayManager::getInstance().setCellRecorder(nullptr);
+  EXPECT_EQ(Frame(1, 1, "a").draw(Vector(1, 1), mv::RED, 0), -1)
+      << "headless without a recorder nothing can be drawn";
+}
+
+TEST_F(FrameTest, TheWorldDrawsHigherAltitudesOverLowerOnes) {
+  ASSERT_EQ(mv::WorldManager::getInstance().startUp(), 0);
+  mv::WorldManager::getInstance().setView(mv::Box(Vector(0, 0), 12, 5));
+  mv::Sprite wall(1);
+  wall.setWidth(5);
+  wall.setHeight(1);
+  wall.addFrame(Frame(5, 1, "====="));
+  mv::Sprite hero(1);
+  hero.setWidth(1);
+  hero.setHeight(1);
+  hero.setTransparency(' ');
+  hero.addFrame(Frame(1, 1, "@"));
+
+  mv::Animation wall_animation;
+  wall_animation.setSprite(&wall);
+  auto* floor = new mv::Object;
+  floor->setPosition(Vector(4, 2));
+  floor->setAnimation(wall_animation, true);
+  floor->setAltitude(3);
+  mv::Animation hero_animation;
+  hero_animation.setSprite(&hero);
+  auto* player = new mv::Object;
+  player->setPosition(Vector(3, 2));
+  player->setAnimation(hero_animation, true);
+  player->setAltitude(4);
+  auto* below = new mv::Object;
+  below->setPosition(Vector(5, 2));
+  below->setAnimation(hero_animation, true);
+  below->setAltitude(0);
+
+  mv::WorldManager::getInstance().draw();
+  EXPECT_EQ(screen.text(),
+            "            \n"
+            "            \n"
+            "  =@===     \n"
+            "            \n"
+            "            \n");
+  mv::WorldManager::getInstance().shutDown();
+}
+
+}  // namespace

@@ -1,0 +1,103 @@
+#include "SceneGraph.h"
+
+#include <gtest/gtest.h>
+
+#include "GameManager.h"
+#include "RecordingObject.h"
+#include "WorldManager.h"
+#include "WorldTest.h"
+
+namespace {
+
+using mv::Vector;
+using mv_test::expectSceneGraphConsistent;
+using mv_test::RecordingObject;
+
+class SceneGraphTest : public mv_test::WorldTest {
+ protected:
+  mv::SceneGraph& graph() { return mv::WorldManager::getInstance().getSceneGraph(); }
+};
+
+TEST_F(SceneGraphTest, ANewObjectIsListedEverywhereItsDefaultsSay) {
+  mv::Object* plain = new mv::Object;
+  EXPECT_EQ(graph().objectsOfType("(Undefined)").getCount(), 1);
+  EXPECT_EQ(graph().visibleObjects(2).getCount(), 1);
+  expectSceneGraphConsistent({plain});
+}
+
+TEST_F(SceneGraphTest, EverySetterKeepsTheIndexConsistent) {
+  auto* a = new RecordingObject("a", Vector(10, 5));
+  auto* b = new RecordingObject("b", Vector(30, 12), mv::SOFT);
+  auto* c = new RecordingObject("c", Vector(70, 20), mv::SPECTRAL);
+  const std::vector<mv::Object*> all = {a, b, c};
+  expectSceneGraphConsistent(all);
+
+  const auto step = [&](const char* what, const std::function<void()>& change) {
+    SCOPED_TRACE(what);
+    change();
+    expectSceneGraphConsistent(all);
+  };
+  step("move", [&] { a->setPosition(Vector(45, 9)); });
+  step("hard to spectral", [&] { a->setSolidness(mv::SPECTRAL); });
+  step("spectral to soft", [&] { c->setSolidness(mv::SOFT); });
+  step("soft to hard", [&] { b->setSolidness(mv::HARD); });
+  step("altitude", [&] { b->setAltitude(4); });
+  step("invisible", [&] { b->setVisible(false); });
+  step("altitude while invisible", [&] { b->setAltitude(0); });
+  step("visible", [&] { b->setVisible(true); });
+  step("type", [&] { c->setType("renamed"); });
+  step("box", [&] { c->setBox(mv::Box(Vector(-5, -5), 10, 10)); });
+  step("deactivate", [&] { c->setActive(false); });
+  step("changes while inactive", [&] {
+    c->setPosition(Vector(5, 5));
+    c->setAltitude(1);
+    c->setVisible(false);
+    c->setSolidness(mv::HARD);
+  });
+  step("type while inactive", [&] { c->setType("again"); });
+  step("reactivate", [&] { c->setActive(true); });
+  step("visible again", [&] { c->setVisible(true); });
+}
+
+TEST_F(SceneGraphTest, ReactivatedObjectsStandLastAndHardSoftChangesMoveNothing) {
+  auto* first = new RecordingObject("same", Vector(5, 5));
+  auto* second = new RecordingObject("same", Vector(6, 5), mv::SOFT);
+  first->setActive(false);
+  first->setActive(true);
+  EXPECT_EQ(graph().activeObjects()[1], first);
+  EXPECT_EQ(graph().objectsOfType("same")[1], first);
+  EXPECT_EQ(graph().solidObjects()[1], first);
+  EXPECT_EQ(graph().visibleObjects(2)[1], first);
+  EXPECT_EQ(graph().getGrid().objectsInCell(mv::Cell{0, 0})[1], first);
+
+  second->setSolidness(mv::HARD);
+  EXPECT_EQ(graph().solidObjects()[0], second) << "soft to hard keeps its place";
+  EXPECT_EQ(graph().objectsOfType("nobody").getCount(), 0);
+}
+
+TEST_F(SceneGraphTest, OutOfRangeAltitudesAreRefusedWithTheirBounds) {
+  testing::internal::CaptureStderr();
+  EXPECT_EQ(graph().visibleObjects(5).getCount(), 0);
+  EXPECT_EQ(graph().visibleObjects(-1).getCount(), 0);
+  const std::string errors = testing::internal::GetCapturedStderr();
+  EXPECT_NE(errors.find("SceneGraph::visibleObjects(): Warning! altitude 5 not in [0,4]."),
+            std::string::npos);
+  EXPECT_NE(errors.find("SceneGraph::visibleObjects(): Warning! altitude -1 not in [0,4]."),
+            std::string::npos);
+}
+
+TEST_F(SceneGraphTest, RemovingAStrangerIsQuietInTheUpdatesOnceTheGameIsOver) {
+  RecordingObject* stranger = new RecordingObject("stranger");
+  graph().removeObject(stranger);  // now the graph has lost track of it
+
+  mv::GameManager::getInstance().setGameOver(true);
+  testing::internal::CaptureStderr();
+  EXPECT_EQ(graph().updateType(stranger, "other"), 0);
+  EXPECT_EQ(graph().removeObject(stranger), -1);
+  const std::string errors = testing::internal::GetCapturedStderr();
+  EXPECT_EQ(errors.find("updateType"), std::string::npos);
+  EXPECT_NE(errors.find("SceneGraph::removeObject(): Error removing Object"), std::string::npos);
+  graph().insertObject(stranger);
+}
+
+}  // namespace

@@ -1,0 +1,250 @@
+#include "WorldManager.h"
+
+#include <gtest/gtest.h>
+
+#include "EventView.h"
+#include "RecordingObject.h"
+#include "WorldTest.h"
+#include "logLines.h"
+
+namespace {
+
+using mv::Box;
+using mv::Vector;
+using mv::WorldManager;
+using mv_test::RecordingObject;
+using Log = std::vector<std::string>;
+
+class WorldManagerTest : public mv_test::WorldTest {
+ protected:
+  WorldManager& world() { return WorldManager::getInstance(); }
+
+  // The mover's and obstacle's records after one step of the mover onto the obstacle.
+  std::pair<Log, Log> collide(mv::Solidness mover_kind, mv::Solidness obstacle_kind, bool no_soft,
+                              bool* moved) {
+    auto* mover = new RecordingObject("mover", Vector(10, 10), mover_kind);
+    auto* obstacle = new RecordingObject("obstacle", Vector(11, 10), obstacle_kind);
+    mover->setNoSoft(no_soft);
+    mover->setVelocity(Vector(1, 0));
+    world().update();
+    *moved = mover->getPosition() == Vector(11, 10);
+    std::pair<Log, Log> logs{mover->received, obstacle->received};
+    world().markForDelete(mover);
+    world().markForDelete(obstacle);
+    world().update();
+    return logs;
+  }
+};
+
+TEST_F(WorldManagerTest, CollisionsFollowTheSolidnessTable) {
+  const mv::Solidness kinds[] = {mv::HARD, mv::SOFT, mv::SPECTRAL};
+  const char* names[] = {"HARD", "SOFT", "SPECTRAL"};
+  // Whether the mover moves, by row (mover) and column (obstacle), without and with no_soft.
+  const bool moves[3][3] = {{false, true, true}, {true, true, true}, {true, true, true}};
+  const bool moves_no_soft[3][3] = {{false, false, true}, {true, false, true}, {true, true, true}};
+  for (int row = 0; row < 3; row++) {
+    for (int column = 0; column < 3; column++) {
+      for (bool no_soft : {false, true}) {
+        SCOPED_TRACE(std::string(names[row]) + " onto " + names[column] +
+                     (no_soft ? " with no_soft" : ""));
+        bool moved = false;
+        const auto [mover, obstacle] = collide(kinds[row], kinds[column], no_soft, &moved);
+        EXPECT_EQ(moved, no_soft ? moves_no_soft[row][column] : moves[row][column]);
+        const bool collides = kinds[row] != mv::SPECTRAL && kinds[column] != mv::SPECTRAL;
+        EXPECT_EQ(mover, collides ? Log{"mv-collision with obstacle"} : Log{});
+        EXPECT_EQ(obstacle, collides ? Log{"mv-collision with mover"} : Log{});
+      }
+    }
+  }
+}
+
+TEST_F(WorldManagerTest, AMoveOntoTwoObstaclesTellsEachInGridOrderAndStops) {
+  auto* right_cell = new RecordingObject("right cell", Vector(20.2f, 4));
+  auto* left_cell = new RecordingObject("left cell", Vector(18.8f, 4));
+  auto* mover = new RecordingObject("mover", Vector(17.5f, 4));
+  for (mv::Object* o : {static_cast<mv::Object*>(right_cell), static_cast<mv::Object*>(left_cell),
+                        static_cast<mv::Object*>(mover)}) {
+    o->setBox(Box(Vector(0, 0), 1, 1));
+  }
+  mv_test::dispatch_log.clear();
+
+  EXPECT_EQ(world().moveObject(mover, Vector(19.5f, 4)), -1);
+  EXPECT_EQ(mover->getPosition(), Vector(17.5f, 4));
+  EXPECT_EQ(mv_test::dispatch_log,
+            (Log{"mover: mv-collision with left cell", "left cell: mv-collision with mover",
+                 "mover: mv-collision with right cell", "right cell: mv-collision with mover"}))
+      << "cell (0,0) comes before cell (1,0), and the mover hears first";
+}
+
+TEST_F(WorldManagerTest, StandingObjectsNeverCollideOnTheirOwn) {
+  auto* standing = new RecordingObject("standing", Vector(10, 10));
+  auto* neighbour = new RecordingObject("neighbour", Vector(10, 10), mv::SOFT);
+  for (int frame = 0; frame < 3; frame++) {
+    world().update();
+  }
+  EXPECT_TRUE(standing->received.empty());
+  EXPECT_TRUE(neighbour->received.empty());
+}
+
+TEST_F(WorldManagerTest, LeavingTheWorldIsToldOnceAndOnlyOnLeaving) {
+  auto* runner = new RecordingObject("runner", Vector(78, 5), mv::SPECTRAL);
+  runner->setVelocity(Vector(1, 0));
+  for (int frame = 0; frame < 5; frame++) {
+    world().update();
+  }
+  EXPECT_EQ(runner->received, Log{"mv-out"}) << "78 to 83: the box leaves 80 once";
+  EXPECT_EQ(runner->getPosition(), Vector(83, 5)) << "nothing keeps it in the world";
+
+  auto* stranger = new RecordingObject("stranger", Vector(-20, 5), mv::SPECTRAL);
+  stranger->setVelocity(Vector(-1, 0));
+  world().update();
+  EXPECT_TRUE(stranger->received.empty()) << "moving about outside is not leaving";
+
+  auto* edge = new RecordingObject("edge", Vector(80.5f, 5), mv::SPECTRAL);
+  edge->setVelocity(Vector(1, 0));
+  world().update();
+  EXPECT_EQ(edge->received, Log{"mv-out"}) << "a box touching the boundary counted as inside";
+}
+
+TEST_F(WorldManagerTest, AvoidingObjectsSlideAlongHardObstacles) {
+  auto* wall = new RecordingObject("wall", Vector(12, 10));
+  wall->setBox(Box(Vector(-1, -5), 2, 10));
+  auto* slider = new RecordingObject("slider", Vector(10, 10));
+  slider->setAvoidCollisions(true);
+  slider->setVelocity(Vector(1, 1));
+  world().update();
+  const float speed = Vector(1, 1).getMagnitude();
+  EXPECT_EQ(slider->getPosition(), Vector(10, 10 + speed))
+      << "the part into the wall is dropped, at full speed";
+  EXPECT_TRUE(slider->received.empty()) << "the wall is not in the way of the slide";
+
+  slider->setVelocity(Vector(1, 0));
+  testing::internal::CaptureStderr();
+  EXPECT_EQ(world().moveObject(slider, slider->predictPosition()), 0)
+      << "straight into a flat wall: the slide is no move at all";
+  EXPECT_EQ(slider->getPosition(), Vector(10, 10 + speed));
+  testing::internal::GetCapturedStderr();
+
+  auto* corner = new RecordingObject("corner", Vector(10, 12));
+  corner->setBox(Box(Vector(-1, 0), 2, 1));
+  slider->setVelocity(Vector(1, 1));
+  EXPECT_EQ(world().moveObject(slider, slider->predictPosition()), -1)
+      << "both ways blocked: a double collision, and no event";
+  EXPECT_TRUE(corner->received.empty());
+  EXPECT_TRUE(wall->received.empty());
+}
+
+TEST_F(WorldManagerTest, DeletionsHappenAtTheEndOfUpdateOnceEachAndCascade) {
+  auto* doomed = new RecordingObject("doomed");
+  auto* second = new RecordingObject("second");
+  auto* third = new RecordingObject("third");
+  int destroyed = 0;
+  doomed->on_destroy = [&] {
+    destroyed++;
+    world().markForDelete(second);
+  };
+  second->on_destroy = [&] {
+    destroyed++;
+    world().markForDelete(third);
+    world().markForDelete(second);
+  };
+  third->on_destroy = [&] { destroyed++; };
+
+  EXPECT_EQ(world().markForDelete(doomed), 0);
+  EXPECT_EQ(world().markForDelete(doomed), 0);
+  EXPECT_EQ(world().getAllObjects().getCount(), 3) << "marked objects live until update";
+  world().update();
+  EXPECT_EQ(destroyed, 3);
+  EXPECT_EQ(world().getAllObjects(true).getCount(), 0);
+
+  testing::internal::CaptureStderr();
+  EXPECT_EQ(world().markForDelete(nullptr), -1);
+  EXPECT_NE(testing::internal::GetCapturedStderr().find(
+                "WorldManager::markForDelete(): Error! unable to add Object"),
+            std::string::npos);
+}
+
+TEST_F(WorldManagerTest, GameEventsGoThroughTheWorldButEngineLabelsAreRefused) {
+  auto* listener = new RecordingObject("listener");
+  EXPECT_EQ(listener->registerInterest("mv-view"), 0);
+  const mv::EventView view("Points", 10, true);
+  EXPECT_EQ(world().onEvent(&view), 1);
+  EXPECT_EQ(listener->received, Log{"mv-view"});
+
+  testing::internal::CaptureStderr();
+  EXPECT_EQ(listener->registerInterest("mv-collision"), -1);
+  EXPECT_EQ(listener->registerInterest("mv-keyboard"), -1);
+  const std::string errors = testing::internal::GetCapturedStderr();
+  EXPECT_TRUE(mv_test::hasMessage(
+      errors, "WorldManager::isValid(): Event mv-collision handled automatically."));
+  EXPECT_TRUE(mv_test::hasMessage(
+      errors, "WorldManager::isValid(): WorldManager does not handle mv-keyboard"));
+  EXPECT_TRUE(mv_test::hasMessage(errors,
+                                  "Manager(WorldManager)::registerInterest(): Event 'mv-collision' "
+                                  "not valid for this Manager"));
+  EXPECT_EQ(listener->getEventCount(), 1);
+}
+
+TEST_F(WorldManagerTest, TheViewFollowsItsObjectOutOfTheSlackZone) {
+  setWorldSize(200, 100);
+  world().setView(Box(Vector(0, 0), 80, 24));
+  world().setViewSlack(Vector(0.5f, 0.5f));
+  auto* hero = new RecordingObject("hero", Vector(100, 50), mv::SPECTRAL);
+  ASSERT_EQ(world().setViewFollowing(hero), 0);
+  EXPECT_EQ(world().getView().getCorner(), Vector(60, 38)) << "following starts centred";
+
+  hero->setVelocity(Vector(10, 0));
+  world().update();
+  EXPECT_EQ(world().getView().getCorner(), Vector(60, 38)) << "110 is inside the slack zone";
+  world().update();
+  EXPECT_EQ(world().getView().getCorner(), Vector(60, 38)) << "120 is the zone's right edge";
+  world().update();
+  EXPECT_EQ(world().getView().getCorner(), Vector(70, 38)) << "130 pushes the zone by 10";
+
+  hero->setPosition(Vector(199, 99));
+  world().moveObject(hero, Vector(199, 99.5f));
+  EXPECT_EQ(world().getView().getCorner(), Vector(120, 76)) << "held inside the boundary";
+
+  world().markForDelete(hero);
+  world().update();
+  EXPECT_EQ(world().getViewFollowing(), nullptr) << "a deleted object is no longer followed";
+}
+
+TEST_F(WorldManagerTest, ViewsAndBoundariesKeepTheirRules) {
+  setWorldSize(100, 50);
+  world().setView(Box(Vector(0, 0), 40, 20));
+  world().setViewPosition(Vector(-10, 45));
+  EXPECT_EQ(world().getView().getCorner(), Vector(0, 30));
+  world().setView(Box(Vector(0, 0), 400, 200));
+  world().setViewPosition(Vector(50, 25));
+  EXPECT_EQ(world().getView().getCorner(), Vector(0, 0)) << "a view larger than the world";
+
+  testing::internal::CaptureStderr();
+  world().setViewSlack(Vector(1.5f, 0));
+  EXPECT_TRUE(mv_test::hasMessage(
+      testing::internal::GetCapturedStderr(),
+      "WorldManager::setViewSlack(): Warning! view slack units out of range [0-1]"));
+  EXPECT_EQ(world().getViewSlack(), Vector(1.5f, 0));
+
+  auto* o = new RecordingObject("o", Vector(5, 5));
+  world().setBoundary(Box(Vector(0, 0), 100, 50));
+  EXPECT_EQ(world().getCollisions(new RecordingObject("p", Vector(5, 5)), Vector(5, 5))[0], o)
+      << "an equal boundary leaves the grid as it was";
+}
+
+TEST_F(WorldManagerTest, DrawingGoesByAltitudeAndSkipsWhatTheViewMisses) {
+  world().setView(Box(Vector(0, 0), 40, 12));
+  auto* top = new RecordingObject("top", Vector(5, 5), mv::SPECTRAL);
+  auto* bottom = new RecordingObject("bottom", Vector(6, 5), mv::SPECTRAL);
+  auto* away = new RecordingObject("away", Vector(60, 5), mv::SPECTRAL);
+  auto* hidden = new RecordingObject("hidden", Vector(7, 5), mv::SPECTRAL);
+  top->setAltitude(4);
+  bottom->setAltitude(0);
+  hidden->setVisible(false);
+  mv_test::dispatch_log.clear();
+  world().draw();
+  EXPECT_EQ(mv_test::dispatch_log, (Log{"bottom: draw", "top: draw"}));
+  EXPECT_EQ(away->draw_count, 0);
+}
+
+}  // namespace
