@@ -11,6 +11,7 @@
 #include "DisplayManager.h"
 #include "EventStep.h"
 #include "FramePacer.h"
+#include "InputManager.h"
 #include "LogManager.h"
 #include "WorldManager.h"
 #include "platform.h"
@@ -21,9 +22,7 @@ namespace {
 
 const char* const STARS = "****************************************************";
 
-LogManager& log() {
-  return LogManager::getInstance();
-}
+LogManager& log() { return LogManager::getInstance(); }
 
 }  // namespace
 
@@ -62,6 +61,12 @@ int GameManager::startUp() {
     return -1;
   }
   log().writeLog(1, "Display manager started.");
+
+  if (InputManager::getInstance().startUp() != 0) {
+    log().writeLog("GameManager::startUp(): Error! Starting input manager.");
+    return -1;
+  }
+  log().writeLog(1, "Input manager started.");
 
   if (WorldManager::getInstance().startUp() != 0) {
     log().writeLog("GameManager::startUp(): Error starting world manager.");
@@ -122,6 +127,7 @@ void GameManager::shutDown() {
     log().writeLog(1, "GameManager()::shutDown(): Warning! timeEndPeriod() cannot accept 1 msec.");
   }
   stopIfStarted(WorldManager::getInstance(), "World manager stopped");
+  stopIfStarted(InputManager::getInstance(), "Input manager stopped");
   stopIfStarted(DisplayManager::getInstance(), "Display manager stopped");
   log().writeLog("%s", STARS);
   log().writeLog("** Game engine stopped **");
@@ -149,6 +155,7 @@ void GameManager::run() {
     const EventStep step(step_count);
     onEvent(&step);
     DisplayManager::getInstance().swapBuffers();
+    InputManager::getInstance().getInput();
     WorldManager::getInstance().update();
     WorldManager::getInstance().draw();
 
@@ -167,24 +174,14 @@ void GameManager::run() {
   log().writeLog(1, "GameManager::run(): end of game loop");
 }
 
-bool GameManager::isValid(std::string event_type) const {
-  return event_type == "mv-step";
-}
+bool GameManager::isValid(std::string event_type) const { return event_type == "mv-step"; }
 
-void GameManager::setGameOver(bool new_game_over) {
-  game_over = new_game_over;
-}
+void GameManager::setGameOver(bool new_game_over) { game_over = new_game_over; }
 
-bool GameManager::getGameOver() const {
-  return game_over;
-}
+bool GameManager::getGameOver() const { return game_over; }
 
-int GameManager::getFrameTime() const {
-  return frame_time;
-}
+int GameManager::getFrameTime() const { return frame_time; }
 
-int GameManager::getStepCount() const {
-  return step_count;
-}
+int GameManager::getStepCount() const { return step_count; }
 
 }  // namespace mv

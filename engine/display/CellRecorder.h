@@ -11,7 +11,7 @@ class CellRecorder {
  public:
   virtual ~CellRecorder();
 
-  // One call of drawCharacter: the position as it was given, the character and its colour.
+  // One call of drawCharacter: the cell on the screen, the character and its colour.
   virtual void recordCell(Vector position, char character, unsigned char r, unsigned char g,
                           unsigned char b) = 0;
 };

@@ -9,6 +9,7 @@
 #include "Config.h"
 #include "LogManager.h"
 #include "colorToSFML.h"
+#include "geometry.h"
 #include "utility.h"
 
 // Last: Xlib defines macros that would clash with names in SFML's headers.
@@ -18,9 +19,7 @@ namespace mv {
 
 namespace {
 
-LogManager& log() {
-  return LogManager::getInstance();
-}
+LogManager& log() { return LogManager::getInstance(); }
 
 // A glyph's texture is smoothed across its edge, so its quad reaches one
 // pixel past the glyph on every side and in the texture alike.
@@ -119,9 +118,7 @@ DisplayManager::DisplayManager()
 
 // Graphics must not outlive the program's last moment with an open display,
 // so a window left by a failed start goes here, not at some later exit.
-DisplayManager::~DisplayManager() {
-  releaseGraphics();
-}
+DisplayManager::~DisplayManager() { releaseGraphics(); }
 
 DisplayManager& DisplayManager::getInstance() {
   static DisplayManager instance;
@@ -283,14 +280,16 @@ int DisplayManager::drawCharacter(Vector world_pos, char ch, unsigned char r, un
     log().writeLog("%s not started!", getType().c_str());
     return -1;
   }
+  // Cells are placed on the screen, which shows the world from the view's corner.
+  const Vector on_screen = worldToView(world_pos);
   if (cell_recorder != nullptr) {
-    cell_recorder->recordCell(world_pos, ch, r, g, b);
+    cell_recorder->recordCell(on_screen, ch, r, g, b);
   }
   if (window == nullptr) {
     // Headless, a recorder stands in for the screen: the cell was taken.
     return cell_recorder != nullptr ? 0 : -1;
   }
-  const Vector pixel = spacesToPixels(world_pos);
+  const Vector pixel = spacesToPixels(on_screen);
   const sf::Vector2f glyph_at(pixel.getX(), pixel.getY());
   // The background stands a tenth of a cell left of the glyph and a fifth
   // below it, where it frames the ink of a glyph that hangs from its origin.
@@ -450,29 +449,17 @@ void DisplayManager::setBatching(bool batched) {
   batching = batched;
 }
 
-bool DisplayManager::getBatching() const {
-  return batching;
-}
+bool DisplayManager::getBatching() const { return batching; }
 
-void DisplayManager::setCellRecorder(CellRecorder* recorder) {
-  cell_recorder = recorder;
-}
+void DisplayManager::setCellRecorder(CellRecorder* recorder) { cell_recorder = recorder; }
 
-int DisplayManager::getHorizontalChars() const {
-  return window_horizontal_chars;
-}
+int DisplayManager::getHorizontalChars() const { return window_horizontal_chars; }
 
-int DisplayManager::getVerticalChars() const {
-  return window_vertical_chars;
-}
+int DisplayManager::getVerticalChars() const { return window_vertical_chars; }
 
-int DisplayManager::getHorizontalPixels() const {
-  return window_horizontal_pixels;
-}
+int DisplayManager::getHorizontalPixels() const { return window_horizontal_pixels; }
 
-int DisplayManager::getVerticalPixels() const {
-  return window_vertical_pixels;
-}
+int DisplayManager::getVerticalPixels() const { return window_vertical_pixels; }
 
 sf::RenderWindow* DisplayManager::getWindow() {
   drawBatch();

@@ -23,6 +23,11 @@ enum Attribute : unsigned {
   PATH = 0x8000,
   FOLLOW_PATH = 0x10000,
   AVOID_COLLISIONS = 0x20000,
+  // Heads-up displays: the number shown, and everything else about them.
+  VIEW_VALUE = 0x40000,
+  VIEW_APPEARANCE = 0x80000,
+  // Buttons: their two colours.
+  BUTTON_APPEARANCE = 0x100000,
 };
 
 // Every attribute of a plain object.

@@ -8,6 +8,13 @@ namespace mv {
 
 inline const std::string MOUSE_EVENT = "mv-mouse";
 
+enum EventMouseAction : int {
+  UNDEFINED_MOUSE_ACTION = -1,
+  CLICKED = 0,  // once, when a button goes down
+  PRESSED = 1,  // every frame while it is held
+  MOVED = 2,
+};
+
 class EventMouse : public Event {
  public:
   // No action, no button, at (0,0).

@@ -4,9 +4,12 @@
 #include <utility>
 
 #include "Attribute.h"
+#include "EventKeyboard.h"
+#include "EventMouse.h"
 #include "EventPath.h"
 #include "EventStep.h"
 #include "GameManager.h"
+#include "InputManager.h"
 #include "LogManager.h"
 #include "SceneGraph.h"
 #include "WorldManager.h"
@@ -20,18 +23,17 @@ constexpr std::size_t MAX_INTERESTS = 100;
 constexpr int MIN_ALTITUDE = 0;
 constexpr int MAX_ALTITUDE = 4;
 
-LogManager& log() {
-  return LogManager::getInstance();
-}
+LogManager& log() { return LogManager::getInstance(); }
 
-SceneGraph& sceneGraph() {
-  return WorldManager::getInstance().getSceneGraph();
-}
+SceneGraph& sceneGraph() { return WorldManager::getInstance().getSceneGraph(); }
 
 // The manager that raises events of this label, and so keeps its interests.
 Manager& managerFor(const std::string& event_type) {
   if (event_type == STEP_EVENT) {
     return GameManager::getInstance();
+  }
+  if (event_type == KEYBOARD_EVENT || event_type == MOUSE_EVENT) {
+    return InputManager::getInstance();
   }
   return WorldManager::getInstance();
 }
@@ -55,6 +57,7 @@ Object::Object()
       modified(ALL_OBJECT_ATTRIBUTES),
       follow_path(false),
       avoid_collisions(false) {
+  shape.setType(Shape::UNDEFINED);
   WorldManager::getInstance().insertObject(this);
 }
 
@@ -66,9 +69,9 @@ Object::~Object() {
   WorldManager::getInstance().removeObject(this);
 }
 
-void Object::markModified(unsigned attributes) {
-  modified |= attributes;
-}
+void Object::markModified(unsigned attributes) { modified |= attributes; }
+
+void Object::returnLastId() { next_id--; }
 
 void Object::setType(std::string new_type) {
   sceneGraph().updateType(this, new_type);
@@ -159,9 +162,7 @@ void Object::setAcceleration(Vector new_acceleration) {
   markModified(ACCELERATION);
 }
 
-bool Object::isVisible() const {
-  return is_visible;
-}
+bool Object::isVisible() const { return is_visible; }
 
 int Object::setActive(bool new_active) {
   if (new_active == is_active) {
@@ -193,16 +194,15 @@ void Object::setAnimation(Animation new_animation, bool set_box) {
   }
 }
 
-int Object::draw() {
-  return animation.draw(position);
-}
+int Object::draw() { return animation.draw(position); }
 
-void Object::setModified(unsigned mask) {
-  modified = mask;
-}
+void Object::setModified(unsigned mask) { modified = mask; }
 
-unsigned Object::getModified() const {
-  return modified;
+unsigned Object::getModified() const { return modified; }
+
+void Object::setShape(Shape new_shape) {
+  shape = new_shape;
+  markModified(SHAPE);
 }
 
 void Object::setFollowPath(bool new_follow_path) {
@@ -213,60 +213,25 @@ void Object::setFollowPath(bool new_follow_path) {
   }
 }
 
-int Object::getId() const {
-  return id;
-}
-std::string Object::getType() const {
-  return type;
-}
-Box Object::getBox() const {
-  return box;
-}
-Vector Object::getPosition() const {
-  return position;
-}
-Vector Object::getDirection() const {
-  return direction;
-}
-float Object::getSpeed() const {
-  return speed;
-}
-Vector Object::getAcceleration() const {
-  return acceleration;
-}
-int Object::getAltitude() const {
-  return altitude;
-}
-Solidness Object::getSolidness() const {
-  return solidness;
-}
-Animation Object::getAnimation() const {
-  return animation;
-}
-bool Object::getNoSoft() const {
-  return no_soft;
-}
-bool Object::getAvoidCollisions() const {
-  return avoid_collisions;
-}
-bool Object::getFollowPath() const {
-  return follow_path;
-}
-Path Object::getPath() const {
-  return path;
-}
-bool Object::isActive() const {
-  return is_active;
-}
-bool Object::isSolid() const {
-  return solidness == HARD || solidness == SOFT;
-}
-bool Object::isModified() const {
-  return modified != 0;
-}
-int Object::getEventCount() const {
-  return static_cast<int>(event_name.size());
-}
+int Object::getId() const { return id; }
+std::string Object::getType() const { return type; }
+Box Object::getBox() const { return box; }
+Vector Object::getPosition() const { return position; }
+Vector Object::getDirection() const { return direction; }
+float Object::getSpeed() const { return speed; }
+Vector Object::getAcceleration() const { return acceleration; }
+int Object::getAltitude() const { return altitude; }
+Solidness Object::getSolidness() const { return solidness; }
+Animation Object::getAnimation() const { return animation; }
+bool Object::getNoSoft() const { return no_soft; }
+bool Object::getAvoidCollisions() const { return avoid_collisions; }
+bool Object::getFollowPath() const { return follow_path; }
+Path Object::getPath() const { return path; }
+Shape Object::getShape() const { return shape; }
+bool Object::isActive() const { return is_active; }
+bool Object::isSolid() const { return solidness == HARD || solidness == SOFT; }
+bool Object::isModified() const { return modified != 0; }
+int Object::getEventCount() const { return static_cast<int>(event_name.size()); }
 
 Vector Object::getVelocity() const {
   Vector velocity = direction;
@@ -274,9 +239,7 @@ Vector Object::getVelocity() const {
   return velocity;
 }
 
-Vector Object::predictPosition() const {
-  return position + getVelocity();
-}
+Vector Object::predictPosition() const { return position + getVelocity(); }
 
 void Object::applyAcceleration() {
   if (!acceleration.isZero()) {

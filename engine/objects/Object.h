@@ -11,6 +11,7 @@
 #include "Box.h"
 #include "Event.h"
 #include "Path.h"
+#include "Shape.h"
 #include "Solidness.h"
 #include "Vector.h"
 
@@ -50,6 +51,7 @@ class Object {
   virtual int draw();
   virtual void setModified(unsigned mask);
   virtual unsigned getModified() const;
+  virtual void setShape(Shape new_shape);
   // Also aims the object at the current node of its path, if one is left.
   virtual void setFollowPath(bool new_follow_path);
 
@@ -67,6 +69,7 @@ class Object {
   bool getAvoidCollisions() const;
   bool getFollowPath() const;
   Path getPath() const;
+  Shape getShape() const;
   bool isActive() const;
   bool isSolid() const;
   bool isModified() const;
@@ -91,9 +94,13 @@ class Object {
   int registerInterest(std::string event_type);
   int unregisterInterest(std::string event_type);
 
- private:
+ protected:
+  // Adds the attributes to the modified mask.
   void markModified(unsigned attributes);
+  // Hands the id this object took back to the counter, for objects that go without one.
+  static void returnLastId();
 
+ private:
   static int next_id;
 
   int id;
@@ -112,6 +119,7 @@ class Object {
   // The registered event types, in order of registration.
   std::vector<std::string> event_name;
   unsigned modified;
+  Shape shape;
   Path path;
   bool follow_path;
   bool avoid_collisions;

@@ -7,15 +7,14 @@
 #include "LogManager.h"
 #include "Object.h"
 #include "ObjectListIterator.h"
+#include "ViewObject.h"
 #include "geometry.h"
 
 namespace mv {
 
 namespace {
 
-LogManager& log() {
-  return LogManager::getInstance();
-}
+LogManager& log() { return LogManager::getInstance(); }
 
 bool containsHard(const ObjectList& objects) {
   for (int i = 0; i < objects.getCount(); i++) {
@@ -28,9 +27,7 @@ bool containsHard(const ObjectList& objects) {
 
 }  // namespace
 
-WorldManager::WorldManager() : view_following(nullptr) {
-  setType("WorldManager");
-}
+WorldManager::WorldManager() : view_following(nullptr) { setType("WorldManager"); }
 
 WorldManager& WorldManager::getInstance() {
   static WorldManager instance;
@@ -106,7 +103,8 @@ void WorldManager::draw() {
     ObjectListIterator it(&layer);
     for (it.first(); !it.isDone(); it.next()) {
       Object* o = it.currentObject();
-      if (boxIntersectsBox(getWorldBox(o), view)) {
+      // Heads-up displays stand on the screen, not in the world: never culled.
+      if (boxIntersectsBox(getWorldBox(o), view) || dynamic_cast<ViewObject*>(o) != nullptr) {
         o->draw();
       }
     }
@@ -266,13 +264,9 @@ ObjectList WorldManager::objectsOfType(std::string type) const {
   return scene_graph.objectsOfType(type);
 }
 
-SceneGraph& WorldManager::getSceneGraph() {
-  return scene_graph;
-}
+SceneGraph& WorldManager::getSceneGraph() { return scene_graph; }
 
-Box WorldManager::getBoundary() const {
-  return boundary;
-}
+Box WorldManager::getBoundary() const { return boundary; }
 
 void WorldManager::setBoundary(Box new_boundary) {
   if (new_boundary == boundary) {
@@ -283,13 +277,9 @@ void WorldManager::setBoundary(Box new_boundary) {
   scene_graph.startUp();
 }
 
-Box WorldManager::getView() const {
-  return view;
-}
+Box WorldManager::getView() const { return view; }
 
-void WorldManager::setView(Box new_view) {
-  view = new_view;
-}
+void WorldManager::setView(Box new_view) { view = new_view; }
 
 void WorldManager::setViewPosition(Vector centre) {
   float x = centre.getX() - view.getHorizontal() * 0.5f;
@@ -313,9 +303,7 @@ void WorldManager::setViewSlack(Vector new_view_slack) {
   view_slack = new_view_slack;
 }
 
-Vector WorldManager::getViewSlack() const {
-  return view_slack;
-}
+Vector WorldManager::getViewSlack() const { return view_slack; }
 
 int WorldManager::setViewFollowing(Object* o) {
   if (o == nullptr) {
@@ -336,8 +324,6 @@ int WorldManager::setViewFollowing(Object* o) {
   return 0;
 }
 
-Object* WorldManager::getViewFollowing() const {
-  return view_following;
-}
+Object* WorldManager::getViewFollowing() const { return view_following; }
 
 }  // namespace mv

@@ -1,10 +1,34 @@
 #include "RecordingObject.h"
 
 #include "EventCollision.h"
+#include "EventKeyboard.h"
+#include "EventMouse.h"
 
 namespace mv_test {
 
 std::vector<std::string> dispatch_log;
+
+namespace {
+
+// "key 36 pressed", "mouse clicked 0 at (50,12)" and the like.
+std::string describe(const mv::Event* event) {
+  if (const auto* key = dynamic_cast<const mv::EventKeyboard*>(event)) {
+    static const char* const actions[] = {"pressed", "released", "down"};
+    const int action = key->getKeyboardAction();
+    return "key " + std::to_string(key->getKey()) + " " +
+           (action >= 0 && action <= 2 ? actions[action] : "undefined");
+  }
+  if (const auto* mouse = dynamic_cast<const mv::EventMouse*>(event)) {
+    static const char* const actions[] = {"clicked", "pressed", "moved"};
+    const int action = mouse->getMouseAction();
+    return std::string("mouse ") + (action >= 0 && action <= 2 ? actions[action] : "undefined") +
+           " " + std::to_string(mouse->getMouseButton()) + " at " +
+           mouse->getMousePosition().toString();
+  }
+  return event->getType();
+}
+
+}  // namespace
 
 RecordingObject::RecordingObject(const std::string& name, mv::Vector position,
                                  mv::Solidness solidness) {
@@ -20,7 +44,7 @@ RecordingObject::~RecordingObject() {
 }
 
 int RecordingObject::eventHandler(const mv::Event* event) {
-  std::string entry = event->getType();
+  std::string entry = describe(event);
   if (const auto* collision = dynamic_cast<const mv::EventCollision*>(event)) {
     const mv::Object* other =
         collision->getObject1() == this ? collision->getObject2() : collision->getObject1();

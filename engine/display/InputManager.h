@@ -1,0 +1,49 @@
+// Turns the window's input into engine events once a frame: queued events
+// first, then the mouse buttons held, then the keys held, each sent at once
+// to the objects that want "mv-mouse" or "mv-keyboard". Key repeat is off
+// while the manager runs: held keys are polled in a fixed order instead.
+#pragma once
+
+#include <SFML/Window/Event.hpp>
+#include <string>
+
+#include "EventKeyboard.h"
+#include "Manager.h"
+
+namespace mv {
+
+class InputSource;
+
+class InputManager : public Manager {
+ public:
+  static InputManager& getInstance();
+
+  // Only "mv-keyboard" and "mv-mouse".
+  bool isValid(std::string event_type) const override;
+
+  // Needs the display started, unless headless.
+  int startUp() override;
+  void shutDown() override;
+
+  // The frame's input pass. Headless it does nothing, unless an input source is set.
+  void getInput();
+
+  // A keyboard event with the key of a window's key event and no action yet.
+  EventKeyboard toEventKeyboard(const sf::Event& event) const;
+
+  // Reads input from `source` instead of the window, headless too; null
+  // returns to the window. Not owned.
+  void setInputSource(InputSource* source);
+
+ private:
+  InputManager();
+  void readInput(InputSource& source);
+  // False when the window was closed: the rest of the frame's input waits.
+  bool sendQueuedEvents(InputSource& source);
+  void sendHeldButtons(const InputSource& source);
+  void sendHeldKeys(const InputSource& source);
+
+  InputSource* input_source;
+};
+
+}  // namespace mv

@@ -1,0 +1,7 @@
+#include "InputSource.h"
+
+namespace mv {
+
+InputSource::~InputSource() = default;
+
+}  // namespace mv

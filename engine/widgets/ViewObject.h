@@ -1,0 +1,54 @@
+// A heads-up display: a label, optionally followed by a number, optionally in
+// a one-cell border, standing at a fixed place on the screen while the world
+// scrolls beneath it. Any part of the game can set or add to its number with
+// an "mv-view" event that names its label.
+#pragma once
+
+#include <string>
+
+#include "Color.h"
+#include "Object.h"
+#include "ViewObjectLocation.h"
+
+namespace mv {
+
+class ViewObject : public Object {
+ public:
+  // Spectral, at altitude 4, at the top centre of the view, with a border.
+  ViewObject();
+
+  // Leaves the named location: the object stays where it is put.
+  void setPosition(Vector new_position) override;
+  // Follows "mv-view" events whose tag is its label.
+  int eventHandler(const Event* event) override;
+  // The label and value, centred on the position, with the border around them.
+  int draw() override;
+
+  // One of the nine places on the screen; -1 and anything past 8 are refused.
+  void setLocation(ViewObjectLocation new_location);
+  ViewObjectLocation getLocation() const;
+  void setDrawValue(bool new_draw_value);
+  bool getDrawValue() const;
+  void setValue(int new_value);
+  int getValue() const;
+  // The place of a location depends on the border, so the object moves with it.
+  void setBorder(bool new_border);
+  bool getBorder() const;
+  void setColor(Color new_color);
+  Color getColor() const;
+  void setViewString(std::string new_view_string);
+  std::string getViewString() const;
+
+ private:
+  std::string displayedText() const;
+
+  std::string view_string;
+  int value;
+  bool draw_value;
+  bool border;
+  Color color;
+  // -1 once the position was set directly.
+  int location;
+};
+
+}  // namespace mv
