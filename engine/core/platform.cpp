@@ -1,6 +1,7 @@
 #include "platform.h"
 
 #include <chrono>
+#include <cstdlib>
 #include <thread>
 
 namespace mv {
@@ -22,15 +23,13 @@ void sleepMilliseconds(int milliseconds) {
   std::this_thread::sleep_for(std::chrono::milliseconds(milliseconds));
 }
 
+int random15() { return std::rand() & 0x7fff; }
+
 // Linux sleeps already wake with sub-millisecond precision, so any period of
 // one millisecond or more is granted without asking the kernel for anything.
-int beginTimerPeriod(int milliseconds) {
-  return milliseconds >= 1 ? 0 : TIMER_NO_CAN_DO;
-}
+int beginTimerPeriod(int milliseconds) { return milliseconds >= 1 ? 0 : TIMER_NO_CAN_DO; }
 
-int endTimerPeriod(int milliseconds) {
-  return milliseconds >= 1 ? 0 : TIMER_NO_CAN_DO;
-}
+int endTimerPeriod(int milliseconds) { return milliseconds >= 1 ? 0 : TIMER_NO_CAN_DO; }
 
 }  // namespace platform
 }  // namespace mv

@@ -17,6 +17,11 @@ std::uint32_t nowMicroseconds();
 // Suspends the calling thread for about `milliseconds`; 0 or less only yields.
 void sleepMilliseconds(int milliseconds);
 
+// A random whole number from 0 to 32767 from the standard generator. Effects
+// scale random numbers by that range, which is where rand() ends on some
+// systems and not on others.
+int random15();
+
 // Asks for a system timer period of `milliseconds`: 0 when granted, else TIMER_NO_CAN_DO.
 int beginTimerPeriod(int milliseconds);
 int endTimerPeriod(int milliseconds);

@@ -194,7 +194,13 @@ void Object::setAnimation(Animation new_animation, bool set_box) {
   }
 }
 
-int Object::draw() { return animation.draw(position); }
+int Object::draw() {
+  const int drawn = animation.draw(position);
+  if (shape.getType() != Shape::UNDEFINED) {
+    shape.draw(position);
+  }
+  return drawn;
+}
 
 void Object::setModified(unsigned mask) { modified = mask; }
 

@@ -7,6 +7,7 @@
 #include "Config.h"
 #include "DisplayManager.h"
 #include "LogManager.h"
+#include "geometry.h"
 #include "utility.h"
 
 namespace mv {
@@ -60,17 +61,11 @@ void Shape::setType(int t) {
   type = t;
 }
 
-int Shape::getType() const {
-  return type;
-}
+int Shape::getType() const { return type; }
 
-void Shape::setSize(float s) {
-  size = s;
-}
+void Shape::setSize(float s) { size = s; }
 
-float Shape::getSize() const {
-  return size;
-}
+float Shape::getSize() const { return size; }
 
 void Shape::setColorRGB(unsigned char new_r, unsigned char new_g, unsigned char new_b) {
   color = CUSTOM;
@@ -79,17 +74,11 @@ void Shape::setColorRGB(unsigned char new_r, unsigned char new_g, unsigned char 
   b = new_b;
 }
 
-Color Shape::getColor() const {
-  return color;
-}
+Color Shape::getColor() const { return color; }
 
-void Shape::setOpacity(unsigned char o) {
-  opacity = o;
-}
+void Shape::setOpacity(unsigned char o) { opacity = o; }
 
-unsigned char Shape::getOpacity() const {
-  return opacity;
-}
+unsigned char Shape::getOpacity() const { return opacity; }
 
 void Shape::draw(Vector position) {
   sf::RenderWindow* window = DisplayManager::getInstance().getWindow();
@@ -100,7 +89,7 @@ void Shape::draw(Vector position) {
   if (type == UNDEFINED) {
     return;
   }
-  const Vector p = spacesToPixels(position);
+  const Vector p = spacesToPixels(worldToView(position));
   if (color != CUSTOM) {
     colorToRGB(color, r, g, b);
   }

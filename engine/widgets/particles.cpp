@@ -7,6 +7,7 @@
 #include "Firework.h"
 #include "LogManager.h"
 #include "Particle.h"
+#include "platform.h"
 #include "utility.h"
 
 namespace mv {
@@ -15,13 +16,14 @@ namespace {
 
 // x moved by up to half of `spread` either way, at random.
 float vary(float x, float spread) {
-  return static_cast<float>(static_cast<float>(std::rand()) / 32767.0 * spread - spread * 0.5 + x);
+  return static_cast<float>(static_cast<float>(platform::random15()) / 32767.0 * spread -
+                            spread * 0.5 + x);
 }
 
 // A random number from about -1 to 1.
 float randomComponent() {
-  const int first = std::rand();
-  const int second = std::rand();
+  const int first = platform::random15();
+  const int second = platform::random15();
   return static_cast<float>((first - second) / 32767.0);
 }
 

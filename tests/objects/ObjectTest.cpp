@@ -6,10 +6,13 @@
 #include "EventPath.h"
 #include "EventStep.h"
 #include "GameManager.h"
+#include "LogManager.h"
 #include "RecordingObject.h"
 #include "WorldManager.h"
 #include "WorldTest.h"
 #include "logLines.h"
+
+#include <algorithm>
 
 namespace {
 
@@ -180,6 +183,29 @@ TEST_F(ObjectTest, StepsGoThroughTheGameManagerAndDeletedObjectsLeaveEveryTable)
   mv::WorldManager::getInstance().update();
   EXPECT_EQ(mv::GameManager::getInstance().onEvent(&step), 0)
       << "the destructor unregistered the interest";
+}
+
+}  // namespace
+
+namespace {
+
+class ObjectShapeTest : public mv_test::WorldTest {};
+
+TEST_F(ObjectShapeTest, AnObjectDrawsItsShapeOnlyWhenItHasOne) {
+  mv::Object* o = new mv::Object;
+  mv::LogManager::getInstance().setLogLevel(5);
+  testing::internal::CaptureStderr();
+  o->draw();
+  mv::Shape circle;
+  circle.setType(mv::Shape::CIRCLE);
+  o->setShape(circle);
+  o->draw();
+  const std::vector<std::string> lines =
+      mv_test::logMessages(testing::internal::GetCapturedStderr());
+  EXPECT_EQ(
+      std::count(lines.begin(), lines.end(), "Shape::draw(): DisplayManager window not defined."),
+      1)
+      << "the shape is asked to draw once it has a type";
 }
 
 }  // namespace

@@ -124,3 +124,23 @@ TEST_F(ParticleTest, TheFourEffectsMakeTheirCountsAndColours) {
 }
 
 }  // namespace
+
+namespace {
+
+TEST_F(ParticleTest, SpreadsStayWithinTheirRange) {
+  std::srand(3);
+  ASSERT_EQ(mv::addParticles(300, Vector(40, 12), 2, Vector(1, 0), 0.5f, 3, 1, 0.2f, 0.1f, 20, 10,
+                             255, 0, 255, 69, 0, 255, mv::PARTICLE),
+            0);
+  for (mv::Object* o : ofType("Particle")) {
+    const auto* particle = static_cast<mv::Particle*>(o);
+    EXPECT_LE(std::abs(o->getPosition().getX() - 40), 1.0f);
+    EXPECT_LE(std::abs(o->getSpeed() - 0.2f), 0.05f + 1e-6f);
+    EXPECT_LE(std::abs(o->getShape().getSize() - 3), 0.5f + 1e-6f);
+    EXPECT_GE(particle->getAge(), 15);
+    EXPECT_LT(particle->getAge(), 25);
+    EXPECT_EQ(o->getShape().getColor(), mv::CUSTOM);
+  }
+}
+
+}  // namespace
