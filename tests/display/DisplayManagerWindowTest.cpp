@@ -53,7 +53,11 @@ class DisplayWindow : public testing::TestWithParam<bool> {
   }
 
   // Covers the window in a colour that no cell draws, so backgrounds show.
-  void paper() { DisplayManager::getInstance().getWindow()->clear(GREEN_PAPER); }
+  void paper() {
+    sf::RectangleShape sheet(sf::Vector2f(1024, 768));
+    sheet.setFillColor(GREEN_PAPER);
+    ASSERT_EQ(DisplayManager::getInstance().draw(sheet), 0);
+  }
 
   mv_test::ScratchDirectory scratch;
   DisplayManager& display = DisplayManager::getInstance();
