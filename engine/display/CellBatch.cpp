@@ -21,9 +21,9 @@ constexpr float GLYPH_PADDING = 1.0f;
 // draw call and paint over each other in the order they were drawn.
 const sf::FloatRect WHITE_TEXELS(1.0f, 1.0f, 0.0f, 0.0f);
 
-// Glyphs much larger than their cells would make the search by places slower
-// than looking at every later cell.
-constexpr std::int64_t MOST_PLACES_TO_SEARCH = 64;
+// Cells spread thinly over a wide area would need an index mostly of empty
+// places; such batches draw every background instead of clipping.
+constexpr std::int64_t MOST_PLACES_PER_CELL = 16;
 
 // No window is this large: a cell further out than this can't be seen.
 constexpr float FARTHEST_VISIBLE_PIXEL = 1.0e6f;
@@ -36,10 +36,6 @@ sf::FloatRect padded(sf::FloatRect rect) {
 // The row or column of the grid of cell-sized places that holds `pixel`.
 std::int64_t placeOf(float pixel, float cell_extent) {
   return static_cast<std::int64_t>(std::floor(pixel / cell_extent));
-}
-
-bool isWhole(float value) {
-  return std::floor(value) == value;
 }
 
 float right(const sf::FloatRect& r) {
@@ -108,7 +104,7 @@ void CellBatch::add(sf::Vector2f background_at, sf::Vector2f glyph_at, float bas
 
 void CellBatch::draw(sf::RenderTarget& target, const sf::Texture& glyphs,
                      bool on_plain_background) {
-  if (on_plain_background && !any_rotated) {
+  if (on_plain_background && !any_rotated && indexBackgrounds()) {
     buildClipped();
   } else {
     buildInOrder();
@@ -147,20 +143,15 @@ void CellBatch::buildInOrder() {
 // So the glyphs alone are drawn, each without the parts that a later
 // background covers: the same pixels, at a fraction of the cost.
 void CellBatch::buildClipped() {
-  indexBackgrounds();
   for (std::size_t index = 0; index < cells.size(); ++index) {
     const Cell& cell = cells[index];
     if (!cell.has_glyph) {
       continue;
     }
-    const sf::Vector2f origin(cell.glyph_at.x, cell.glyph_at.y + cell.baseline);
-    // On whole pixels the texture's padding is sampled at its texel centres and adds nothing.
-    const bool whole = isWhole(origin.x) && isWhole(origin.y);
-    sf::FloatRect glyph = whole ? cell.glyph.bounds : padded(cell.glyph.bounds);
-    const sf::FloatRect texels = whole ? sf::FloatRect(cell.glyph.textureRect)
-                                       : padded(sf::FloatRect(cell.glyph.textureRect));
-    glyph.left += origin.x;
-    glyph.top += origin.y;
+    sf::FloatRect glyph = padded(cell.glyph.bounds);
+    const sf::FloatRect texels = padded(sf::FloatRect(cell.glyph.textureRect));
+    glyph.left += cell.glyph_at.x;
+    glyph.top += cell.glyph_at.y + cell.baseline;
     pieces.assign(1, glyph);
     clipByLaterBackgrounds(index, glyph);
     for (const sf::FloatRect& piece : pieces) {
@@ -169,35 +160,64 @@ void CellBatch::buildClipped() {
   }
 }
 
-void CellBatch::indexBackgrounds() {
-  backgrounds_by_place.clear();
-  for (std::size_t index = 0; index < cells.size(); ++index) {
-    const sf::Vector2f at = cells[index].background_at;
-    backgrounds_by_place.push_back(
-        PlacedBackground{placeOf(at.y, cell_size.y), placeOf(at.x, cell_size.x), index});
+bool CellBatch::indexBackgrounds() {
+  if (cells.empty()) {
+    return true;
   }
-  std::sort(backgrounds_by_place.begin(), backgrounds_by_place.end());
+  std::int64_t last_row = first_row = placeOf(cells[0].background_at.y, cell_size.y);
+  std::int64_t last_column = first_column = placeOf(cells[0].background_at.x, cell_size.x);
+  for (const Cell& cell : cells) {
+    const std::int64_t row = placeOf(cell.background_at.y, cell_size.y);
+    const std::int64_t column = placeOf(cell.background_at.x, cell_size.x);
+    first_row = std::min(first_row, row);
+    last_row = std::max(last_row, row);
+    first_column = std::min(first_column, column);
+    last_column = std::max(last_column, column);
+  }
+  rows = last_row - first_row + 1;
+  columns = last_column - first_column + 1;
+  if (rows * columns > MOST_PLACES_PER_CELL * static_cast<std::int64_t>(cells.size())) {
+    return false;
+  }
+  // A counting sort: each place's backgrounds stand together, in the order they were drawn.
+  place_starts.assign(static_cast<std::size_t>(rows * columns) + 1, 0);
+  for (const Cell& cell : cells) {
+    place_starts[placeIndex(cell) + 1]++;
+  }
+  for (std::size_t place = 1; place < place_starts.size(); ++place) {
+    place_starts[place] += place_starts[place - 1];
+  }
+  backgrounds_by_place.resize(cells.size());
+  place_fill.assign(place_starts.begin(), place_starts.end() - 1);
+  for (std::size_t index = 0; index < cells.size(); ++index) {
+    backgrounds_by_place[place_fill[placeIndex(cells[index])]++] = index;
+  }
+  return true;
+}
+
+std::size_t CellBatch::placeIndex(const Cell& cell) const {
+  const std::int64_t row = placeOf(cell.background_at.y, cell_size.y) - first_row;
+  const std::int64_t column = placeOf(cell.background_at.x, cell_size.x) - first_column;
+  return static_cast<std::size_t>(row * columns + column);
 }
 
 void CellBatch::clipByLaterBackgrounds(std::size_t index, const sf::FloatRect& glyph) {
   // A background that overlaps the glyph has its corner less than one cell before the glyph's.
-  const std::int64_t first_row = placeOf(glyph.top - cell_size.y, cell_size.y);
-  const std::int64_t last_row = placeOf(bottom(glyph), cell_size.y);
-  const std::int64_t first_column = placeOf(glyph.left - cell_size.x, cell_size.x);
-  const std::int64_t last_column = placeOf(right(glyph), cell_size.x);
-  if ((last_row - first_row + 1) * (last_column - first_column + 1) > MOST_PLACES_TO_SEARCH) {
-    for (std::size_t later = index + 1; later < cells.size(); ++later) {
-      clip(backgroundOf(cells[later]));
-    }
-    return;
-  }
-  for (std::int64_t row = first_row; row <= last_row; ++row) {
-    for (std::int64_t column = first_column; column <= last_column; ++column) {
-      auto later = std::upper_bound(backgrounds_by_place.begin(), backgrounds_by_place.end(),
-                                    PlacedBackground{row, column, index});
-      for (; later != backgrounds_by_place.end() && later->row == row && later->column == column;
-           ++later) {
-        clip(backgroundOf(cells[later->index]));
+  const std::int64_t top_row =
+      std::max<std::int64_t>(placeOf(glyph.top - cell_size.y, cell_size.y) - first_row, 0);
+  const std::int64_t bottom_row =
+      std::min<std::int64_t>(placeOf(bottom(glyph), cell_size.y) - first_row, rows - 1);
+  const std::int64_t left_column =
+      std::max<std::int64_t>(placeOf(glyph.left - cell_size.x, cell_size.x) - first_column, 0);
+  const std::int64_t right_column =
+      std::min<std::int64_t>(placeOf(right(glyph), cell_size.x) - first_column, columns - 1);
+  for (std::int64_t row = top_row; row <= bottom_row; ++row) {
+    for (std::int64_t column = left_column; column <= right_column; ++column) {
+      const std::size_t place = static_cast<std::size_t>(row * columns + column);
+      for (std::size_t at = place_starts[place]; at < place_starts[place + 1]; ++at) {
+        if (backgrounds_by_place[at] > index) {
+          clip(backgroundOf(cells[backgrounds_by_place[at]]));
+        }
       }
     }
   }

@@ -10,7 +10,6 @@
 #include <SFML/Graphics/Vertex.hpp>
 #include <SFML/System/Vector2.hpp>
 #include <cstdint>
-#include <tuple>
 #include <vector>
 
 namespace sf {
@@ -51,20 +50,13 @@ class CellBatch {
     float rotation;
   };
 
-  // A background's place on a grid of cell-sized squares, for finding the
-  // backgrounds that overlap a glyph without looking at all of them.
-  struct PlacedBackground {
-    std::int64_t row;
-    std::int64_t column;
-    std::size_t index;
-    bool operator<(const PlacedBackground& other) const {
-      return std::tie(row, column, index) < std::tie(other.row, other.column, other.index);
-    }
-  };
-
   void buildInOrder();
   void buildClipped();
-  void indexBackgrounds();
+  // Files the backgrounds by their place on a grid of cell-sized squares, so
+  // that those over a glyph are found without looking at all. False when the
+  // cells are spread too thinly for such an index.
+  bool indexBackgrounds();
+  std::size_t placeIndex(const Cell& cell) const;
   // Cuts from `pieces`, which start as `glyph`, what backgrounds after `index` cover.
   void clipByLaterBackgrounds(std::size_t index, const sf::FloatRect& glyph);
   void clip(const sf::FloatRect& cover);
@@ -79,7 +71,14 @@ class CellBatch {
   std::vector<Cell> cells;
   std::vector<sf::Vertex> vertices;
   // Kept between frames so that clipping allocates nothing once warm.
-  std::vector<PlacedBackground> backgrounds_by_place;
+  std::int64_t first_row = 0;
+  std::int64_t first_column = 0;
+  std::int64_t rows = 0;
+  std::int64_t columns = 0;
+  // Where each place's backgrounds start in backgrounds_by_place, one past the end last.
+  std::vector<std::size_t> place_starts;
+  std::vector<std::size_t> place_fill;
+  std::vector<std::size_t> backgrounds_by_place;
   std::vector<sf::FloatRect> pieces;
   std::vector<sf::FloatRect> left_over;
 };
