@@ -21,15 +21,6 @@ namespace {
 
 LogManager& log() { return LogManager::getInstance(); }
 
-// A glyph's texture is smoothed across its edge, so its quad reaches one
-// pixel past the glyph on every side and in the texture alike.
-constexpr float GLYPH_PADDING = 1.0f;
-
-// The font's texture holds a white square at its corner. A background quad
-// textured there keeps its colour whole, so backgrounds and glyphs share one
-// draw call and paint over each other in the order they were drawn.
-const sf::FloatRect WHITE_TEXELS(1.0f, 1.0f, 0.0f, 0.0f);
-
 // The size the text is made with, before the grid's own size is set.
 constexpr unsigned INITIAL_CHARACTER_SIZE = 30;
 
@@ -52,11 +43,6 @@ DisplayConnection connectToDisplayServer() {
 // A text draws no glyph for these characters, only moves on.
 bool isBlank(sf::Uint32 code_point) {
   return code_point == ' ' || code_point == '\t' || code_point == '\n' || code_point == '\r';
-}
-
-sf::FloatRect padded(sf::FloatRect rect) {
-  return sf::FloatRect(rect.left - GLYPH_PADDING, rect.top - GLYPH_PADDING,
-                       rect.width + 2 * GLYPH_PADDING, rect.height + 2 * GLYPH_PADDING);
 }
 
 bool endsWithPng(const std::string& file) {
@@ -112,6 +98,7 @@ DisplayManager::DisplayManager()
       character_size(INITIAL_CHARACTER_SIZE),
       code_points(),
       batching(true),
+      window_plain(false),
       cell_recorder(nullptr) {
   setType("DisplayManager");
 }
@@ -232,8 +219,9 @@ int DisplayManager::createDrawables() {
 
   window_background_color = colorToSFML(Config::getInstance().getWindowBackgroundColor());
   rectangle->setFillColor(window_background_color);
+  batch.setBackground(sf::Vector2f(charWidth(), charHeight()), window_background_color);
   // The first frame starts on the background, like every frame after a swap.
-  window->clear(window_background_color);
+  clearToBackground();
 
   // The text turns its string into code points through the current locale; the batch
   // must find the very same glyphs.
@@ -312,6 +300,7 @@ int DisplayManager::drawCharacter(Vector world_pos, char ch, Color color, float 
 
 void DisplayManager::drawCellAlone(sf::Vector2f background_at, sf::Vector2f glyph_at, char ch,
                                    sf::Color color, float rotation) {
+  window_plain = false;
   rectangle->setPosition(background_at);
   rectangle->setRotation(rotation);
   window->draw(*rectangle);
@@ -324,47 +313,19 @@ void DisplayManager::drawCellAlone(sf::Vector2f background_at, sf::Vector2f glyp
 
 void DisplayManager::batchCell(sf::Vector2f background_at, sf::Vector2f glyph_at, char ch,
                                sf::Color color, float rotation) {
-  sf::Transform background;
-  background.translate(background_at).rotate(rotation);
-  batchQuad(background, sf::FloatRect(0.0f, 0.0f, charWidth(), charHeight()), WHITE_TEXELS,
-            window_background_color);
-
   const sf::Uint32 code_point = code_points[static_cast<unsigned char>(ch)];
-  if (isBlank(code_point)) {
-    return;
-  }
-  const sf::Glyph& glyph = font->getGlyph(code_point, character_size, true);
+  const sf::Glyph* glyph =
+      isBlank(code_point) ? nullptr : &font->getGlyph(code_point, character_size, true);
   // A text hangs its glyphs from a baseline one character size below its origin.
-  sf::Transform baseline;
-  baseline.translate(glyph_at).rotate(rotation).translate(0.0f, static_cast<float>(character_size));
-  batchQuad(baseline, padded(glyph.bounds), padded(sf::FloatRect(glyph.textureRect)), color);
-}
-
-void DisplayManager::batchQuad(const sf::Transform& place, sf::FloatRect corners,
-                               sf::FloatRect texels, sf::Color color) {
-  const float right = corners.left + corners.width;
-  const float bottom = corners.top + corners.height;
-  const float texel_right = texels.left + texels.width;
-  const float texel_bottom = texels.top + texels.height;
-  const sf::Vertex top_left(place.transformPoint(corners.left, corners.top), color,
-                            sf::Vector2f(texels.left, texels.top));
-  const sf::Vertex top_right(place.transformPoint(right, corners.top), color,
-                             sf::Vector2f(texel_right, texels.top));
-  const sf::Vertex bottom_left(place.transformPoint(corners.left, bottom), color,
-                               sf::Vector2f(texels.left, texel_bottom));
-  const sf::Vertex bottom_right(place.transformPoint(right, bottom), color,
-                                sf::Vector2f(texel_right, texel_bottom));
-  batch.insert(batch.end(),
-               {top_left, top_right, bottom_left, bottom_left, top_right, bottom_right});
+  batch.add(background_at, glyph_at, static_cast<float>(character_size), glyph, color, rotation);
 }
 
 void DisplayManager::drawBatch() {
   if (batch.empty() || window == nullptr) {
     return;
   }
-  const sf::RenderStates states(&font->getTexture(character_size));
-  window->draw(batch.data(), batch.size(), sf::Triangles, states);
-  batch.clear();
+  batch.draw(*window, font->getTexture(character_size), window_plain);
+  window_plain = false;
 }
 
 int DisplayManager::drawString(Vector world_pos, std::string str, Justification just, Color color) {
@@ -401,7 +362,7 @@ int DisplayManager::swapBuffers() {
   }
   drawBatch();
   window->display();
-  window->clear(window_background_color);
+  clearToBackground();
   return 0;
 }
 
@@ -461,9 +422,23 @@ int DisplayManager::getHorizontalPixels() const { return window_horizontal_pixel
 
 int DisplayManager::getVerticalPixels() const { return window_vertical_pixels; }
 
-sf::RenderWindow* DisplayManager::getWindow() {
-  drawBatch();
+sf::RenderWindow* DisplayManager::getWindow() const {
   return window.get();
+}
+
+int DisplayManager::draw(const sf::Drawable& drawable) {
+  if (window == nullptr) {
+    return -1;
+  }
+  drawBatch();
+  window->draw(drawable);
+  window_plain = false;
+  return 0;
+}
+
+void DisplayManager::clearToBackground() {
+  window->clear(window_background_color);
+  window_plain = true;
 }
 
 }  // namespace mv

@@ -5,14 +5,12 @@
 
 #include <SFML/Config.hpp>
 #include <SFML/Graphics/Color.hpp>
-#include <SFML/Graphics/Rect.hpp>
-#include <SFML/Graphics/Vertex.hpp>
 #include <SFML/System/Vector2.hpp>
 #include <array>
 #include <memory>
 #include <string>
-#include <vector>
 
+#include "CellBatch.h"
 #include "CellRecorder.h"
 #include "Color.h"
 #include "Justification.h"
@@ -20,12 +18,12 @@
 #include "Vector.h"
 
 namespace sf {
+class Drawable;
 class Font;
 class Image;
 class RectangleShape;
 class RenderWindow;
 class Text;
-class Transform;
 }  // namespace sf
 
 namespace mv {
@@ -87,9 +85,12 @@ class DisplayManager : public Manager {
   int getHorizontalPixels() const;
   int getVerticalPixels() const;
 
-  // May be null. Whoever draws into the window directly gets it through here,
-  // so the cells drawn before are put into the window first and stay beneath.
-  sf::RenderWindow* getWindow();
+  // May be null. For the window's events and settings: drawing goes through draw().
+  sf::RenderWindow* getWindow() const;
+
+  // Draws into the window over the cells drawn before, and under those drawn
+  // after. -1 without a window.
+  int draw(const sf::Drawable& drawable);
 
  private:
   DisplayManager();
@@ -105,9 +106,8 @@ class DisplayManager : public Manager {
                      float rotation);
   void batchCell(sf::Vector2f background_at, sf::Vector2f glyph_at, char ch, sf::Color color,
                  float rotation);
-  void batchQuad(const sf::Transform& place, sf::FloatRect corners, sf::FloatRect texels,
-                 sf::Color color);
   void drawBatch();
+  void clearToBackground();
 
   std::unique_ptr<sf::Font> font;
   std::unique_ptr<sf::RenderWindow> window;
@@ -123,8 +123,9 @@ class DisplayManager : public Manager {
   // What the text makes of each char: the code point it looks up in the font.
   std::array<sf::Uint32, 256> code_points;
   bool batching;
-  // The cells drawn since the last flush, two textured triangles per quad.
-  std::vector<sf::Vertex> batch;
+  CellBatch batch;
+  // Whether the window shows nothing but the background since it was last cleared.
+  bool window_plain;
   CellRecorder* cell_recorder;
 };
 

@@ -81,8 +81,8 @@ void Shape::setOpacity(unsigned char o) { opacity = o; }
 unsigned char Shape::getOpacity() const { return opacity; }
 
 void Shape::draw(Vector position) {
-  sf::RenderWindow* window = DisplayManager::getInstance().getWindow();
-  if (window == nullptr) {
+  DisplayManager& display = DisplayManager::getInstance();
+  if (display.getWindow() == nullptr) {
     LogManager::getInstance().writeLog(5, "Shape::draw(): DisplayManager window not defined.");
     return;
   }
@@ -113,7 +113,7 @@ void Shape::draw(Vector position) {
   }
   LogManager::getInstance().writeLog(25, "Shape::draw(): Drawing at (%.2f, %.2f)", p.getX(),
                                      p.getY());
-  window->draw(shape);
+  display.draw(shape);
 }
 
 std::string Shape::toString() const {
