@@ -6,9 +6,7 @@ namespace mv {
 
 namespace {
 
-std::int32_t now() {
-  return static_cast<std::int32_t>(platform::nowMicroseconds());
-}
+std::int32_t now() { return static_cast<std::int32_t>(platform::nowMicroseconds()); }
 
 // The difference of two wrapping readings, taken modulo 2^32 so that a reading
 // that wrapped past the largest int still gives the right, small difference.
@@ -28,8 +26,6 @@ int Clock::delta() {
   return elapsed;
 }
 
-int Clock::split() const {
-  return elapsedSince(previous, now());
-}
+int Clock::split() const { return elapsedSince(previous, now()); }
 
 }  // namespace mv

@@ -23,9 +23,7 @@ struct Entry {
 // The table of the last parsed text, kept between calls of match().
 std::vector<Entry> parsed_entries;
 
-LogManager& log() {
-  return LogManager::getInstance();
-}
+LogManager& log() { return LogManager::getInstance(); }
 
 // The non-empty pieces of `text` between separators: runs of separators count
 // as one, and leading or trailing ones give no piece.
@@ -82,9 +80,7 @@ int toInt(const std::string& text) {
   return static_cast<int>(std::clamp<long>(value, INT_MIN, INT_MAX));
 }
 
-const char* toText(bool value) {
-  return value ? "true" : "false";
-}
+const char* toText(bool value) { return value ? "true" : "false"; }
 
 }  // namespace
 
@@ -141,9 +137,7 @@ std::string Config::readConfig() {
   return joined;
 }
 
-std::string Config::match(std::string key) const {
-  return mv::match(config, std::move(key));
-}
+std::string Config::match(std::string key) const { return mv::match(config, std::move(key)); }
 
 void Config::loadConfig(std::string text) {
   config = text.empty() ? readConfig() : std::move(text);
@@ -265,59 +259,23 @@ void Config::logConfig() const {
   lm.writeLog(1, "%s", dashes.c_str());
 }
 
-int Config::getWindowHorizontalPixels() const {
-  return window_horizontal_pixels;
-}
-int Config::getWindowVerticalPixels() const {
-  return window_vertical_pixels;
-}
-int Config::getWindowHorizontalChars() const {
-  return window_horizontal_chars;
-}
-int Config::getWindowVerticalChars() const {
-  return window_vertical_chars;
-}
-int Config::getWindowStyle() const {
-  return window_style;
-}
-int Config::getWindowState() const {
-  return window_state;
-}
-Color Config::getWindowBackgroundColor() const {
-  return window_background_color;
-}
-int Config::getFrameTime() const {
-  return frame_time;
-}
-float Config::getFontScale() const {
-  return font_scale;
-}
-std::string Config::getWindowTitle() const {
-  return window_title;
-}
-bool Config::getShowMouse() const {
-  return show_mouse;
-}
-bool Config::getHeadless() const {
-  return headless;
-}
-std::string Config::getFontFile() const {
-  return font_file;
-}
-std::string Config::getLogFile() const {
-  return logfile;
-}
-int Config::getRandomSeed() const {
-  return random_seed;
-}
-bool Config::getNetworking() const {
-  return networking;
-}
-int Config::getGridWidth() const {
-  return grid_width;
-}
-int Config::getGridHeight() const {
-  return grid_height;
-}
+int Config::getWindowHorizontalPixels() const { return window_horizontal_pixels; }
+int Config::getWindowVerticalPixels() const { return window_vertical_pixels; }
+int Config::getWindowHorizontalChars() const { return window_horizontal_chars; }
+int Config::getWindowVerticalChars() const { return window_vertical_chars; }
+int Config::getWindowStyle() const { return window_style; }
+int Config::getWindowState() const { return window_state; }
+Color Config::getWindowBackgroundColor() const { return window_background_color; }
+int Config::getFrameTime() const { return frame_time; }
+float Config::getFontScale() const { return font_scale; }
+std::string Config::getWindowTitle() const { return window_title; }
+bool Config::getShowMouse() const { return show_mouse; }
+bool Config::getHeadless() const { return headless; }
+std::string Config::getFontFile() const { return font_file; }
+std::string Config::getLogFile() const { return logfile; }
+int Config::getRandomSeed() const { return random_seed; }
+bool Config::getNetworking() const { return networking; }
+int Config::getGridWidth() const { return grid_width; }
+int Config::getGridHeight() const { return grid_height; }
 
 }  // namespace mv

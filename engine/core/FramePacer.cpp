@@ -35,8 +35,6 @@ bool FramePacer::overran(int step_count) {
   return report;
 }
 
-int FramePacer::getAdjust() const {
-  return adjust;
-}
+int FramePacer::getAdjust() const { return adjust; }
 
 }  // namespace mv

@@ -100,16 +100,10 @@ int LogManager::writeLine(int level, const char* format, std::va_list args) {
   return failed ? -1 : message_length;
 }
 
-int LogManager::getLogLevel() const {
-  return log_level;
-}
+int LogManager::getLogLevel() const { return log_level; }
 
-void LogManager::setLogLevel(int level) {
-  log_level = level;
-}
+void LogManager::setLogLevel(int level) { log_level = level; }
 
-void LogManager::setFlush(bool flush_each_line) {
-  flush = flush_each_line;
-}
+void LogManager::setFlush(bool flush_each_line) { flush = flush_each_line; }
 
 }  // namespace mv

@@ -19,13 +19,9 @@ constexpr std::size_t MAX_EVENT_LABELS = 100;
 
 Manager::Manager() : type("Manager"), started(false) {}
 
-Manager::~Manager() {
-  started = false;
-}
+Manager::~Manager() { started = false; }
 
-bool Manager::isValid(std::string) const {
-  return false;
-}
+bool Manager::isValid(std::string) const { return false; }
 
 int Manager::startUp() {
   if (started) {
@@ -121,17 +117,11 @@ int Manager::unregisterInterest(Object* object, std::string event_type) {
   return 0;
 }
 
-std::string Manager::getType() const {
-  return type;
-}
+std::string Manager::getType() const { return type; }
 
-void Manager::setType(std::string new_type) {
-  type = std::move(new_type);
-}
+void Manager::setType(std::string new_type) { type = std::move(new_type); }
 
-bool Manager::isStarted() const {
-  return started;
-}
+bool Manager::isStarted() const { return started; }
 
 bool Manager::refuseSecondStart() const {
   if (!started) {

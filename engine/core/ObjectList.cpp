@@ -14,9 +14,7 @@ ObjectList::ObjectList() {
 }
 
 // A copy keeps the capacity of its original, so that copies grow alike.
-ObjectList::ObjectList(const ObjectList& other) {
-  *this = other;
-}
+ObjectList::ObjectList(const ObjectList& other) { *this = other; }
 
 ObjectList& ObjectList::operator=(const ObjectList& other) {
   if (this == &other) {
@@ -58,21 +56,13 @@ int ObjectList::remove(Object* object) {
   return -1;
 }
 
-void ObjectList::clear() {
-  list.clear();
-}
+void ObjectList::clear() { list.clear(); }
 
-int ObjectList::getCount() const {
-  return static_cast<int>(list.size());
-}
+int ObjectList::getCount() const { return static_cast<int>(list.size()); }
 
-int ObjectList::getCapacity() const {
-  return static_cast<int>(list.capacity());
-}
+int ObjectList::getCapacity() const { return static_cast<int>(list.capacity()); }
 
-bool ObjectList::isEmpty() const {
-  return list.empty();
-}
+bool ObjectList::isEmpty() const { return list.empty(); }
 
 void ObjectList::checkIndex(int index) const {
   if (index < 0 || index >= getCount()) {

@@ -4,9 +4,7 @@ namespace mv {
 
 ObjectListIterator::ObjectListIterator(const ObjectList* walked) : index(0), list(walked) {}
 
-void ObjectListIterator::first() {
-  index = 0;
-}
+void ObjectListIterator::first() { index = 0; }
 
 void ObjectListIterator::next() {
   if (index < list->getCount()) {
@@ -14,12 +12,8 @@ void ObjectListIterator::next() {
   }
 }
 
-bool ObjectListIterator::isDone() const {
-  return index >= list->getCount();
-}
+bool ObjectListIterator::isDone() const { return index >= list->getCount(); }
 
-Object* ObjectListIterator::currentObject() const {
-  return isDone() ? nullptr : (*list)[index];
-}
+Object* ObjectListIterator::currentObject() const { return isDone() ? nullptr : (*list)[index]; }
 
 }  // namespace mv

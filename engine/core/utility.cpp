@@ -20,9 +20,7 @@ const ColorEntry COLORS[] = {
     {"Blue", 0, 0, 255}, {"Magenta", 255, 0, 255}, {"Cyan", 0, 255, 255}, {"White", 255, 255, 255},
 };
 
-bool isNamedColor(Color c) {
-  return c >= BLACK && c <= WHITE;
-}
+bool isNamedColor(Color c) { return c >= BLACK && c <= WHITE; }
 
 }  // namespace
 
@@ -40,9 +38,7 @@ void colorToRGB(Color c, unsigned char& r, unsigned char& g, unsigned char& b) {
   b = COLORS[c].b;
 }
 
-std::string colorToString(Color c) {
-  return isNamedColor(c) ? COLORS[c].name : "Unknown color";
-}
+std::string colorToString(Color c) { return isNamedColor(c) ? COLORS[c].name : "Unknown color"; }
 
 std::string solidnessToString(Solidness s) {
   switch (s) {
@@ -63,9 +59,7 @@ std::string locationToString(ViewObjectLocation l) {
   return l >= TOP_LEFT && l <= BOTTOM_RIGHT ? names[l] : "unknown";
 }
 
-std::string toString(int i) {
-  return std::to_string(i);
-}
+std::string toString(int i) { return std::to_string(i); }
 
 std::string toString(float f) {
   std::ostringstream stream;
@@ -73,9 +67,7 @@ std::string toString(float f) {
   return stream.str();
 }
 
-std::string toBinaryString(unsigned u) {
-  return std::bitset<32>(u).to_string();
-}
+std::string toBinaryString(unsigned u) { return std::bitset<32>(u).to_string(); }
 
 int checkStream(const char* where, const std::ios& stream) {
   if (stream.good()) {

@@ -38,13 +38,9 @@ std::int64_t placeOf(float pixel, float cell_extent) {
   return static_cast<std::int64_t>(std::floor(pixel / cell_extent));
 }
 
-float right(const sf::FloatRect& r) {
-  return r.left + r.width;
-}
+float right(const sf::FloatRect& r) { return r.left + r.width; }
 
-float bottom(const sf::FloatRect& r) {
-  return r.top + r.height;
-}
+float bottom(const sf::FloatRect& r) { return r.top + r.height; }
 
 sf::FloatRect fromEdges(float left, float top, float right_edge, float bottom_edge) {
   return sf::FloatRect(left, top, right_edge - left, bottom_edge - top);
@@ -115,9 +111,7 @@ void CellBatch::draw(sf::RenderTarget& target, const sf::Texture& glyphs,
   clear();
 }
 
-bool CellBatch::empty() const {
-  return cells.empty();
-}
+bool CellBatch::empty() const { return cells.empty(); }
 
 void CellBatch::clear() {
   cells.clear();

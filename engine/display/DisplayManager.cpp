@@ -422,9 +422,7 @@ int DisplayManager::getHorizontalPixels() const { return window_horizontal_pixel
 
 int DisplayManager::getVerticalPixels() const { return window_vertical_pixels; }
 
-sf::RenderWindow* DisplayManager::getWindow() const {
-  return window.get();
-}
+sf::RenderWindow* DisplayManager::getWindow() const { return window.get(); }
 
 int DisplayManager::draw(const sf::Drawable& drawable) {
   if (window == nullptr) {

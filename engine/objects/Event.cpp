@@ -8,12 +8,8 @@ Event::Event() : type(UNDEFINED_EVENT) {}
 
 Event::~Event() = default;
 
-void Event::setType(std::string new_type) {
-  type = std::move(new_type);
-}
+void Event::setType(std::string new_type) { type = std::move(new_type); }
 
-std::string Event::getType() const {
-  return type;
-}
+std::string Event::getType() const { return type; }
 
 }  // namespace mv

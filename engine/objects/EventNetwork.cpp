@@ -22,23 +22,11 @@ EventNetwork::EventNetwork(int new_network_type) : network_type(-1), socket(-1),
   network_type = new_network_type;
 }
 
-void EventNetwork::setNetworkType(int new_network_type) {
-  network_type = new_network_type;
-}
-int EventNetwork::getNetworkType() const {
-  return network_type;
-}
-void EventNetwork::setSocket(int new_socket) {
-  socket = new_socket;
-}
-int EventNetwork::getSocket() const {
-  return socket;
-}
-void EventNetwork::setBytes(int new_bytes) {
-  bytes = new_bytes;
-}
-int EventNetwork::getBytes() const {
-  return bytes;
-}
+void EventNetwork::setNetworkType(int new_network_type) { network_type = new_network_type; }
+int EventNetwork::getNetworkType() const { return network_type; }
+void EventNetwork::setSocket(int new_socket) { socket = new_socket; }
+int EventNetwork::getSocket() const { return socket; }
+void EventNetwork::setBytes(int new_bytes) { bytes = new_bytes; }
+int EventNetwork::getBytes() const { return bytes; }
 
 }  // namespace mv

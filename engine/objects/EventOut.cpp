@@ -2,8 +2,6 @@
 
 namespace mv {
 
-EventOut::EventOut() {
-  setType(OUT_EVENT);
-}
+EventOut::EventOut() { setType(OUT_EVENT); }
 
 }  // namespace mv

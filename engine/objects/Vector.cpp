@@ -10,27 +10,17 @@ Vector::Vector() : x(0.0f), y(0.0f) {}
 
 Vector::Vector(float new_x, float new_y) : x(new_x), y(new_y) {}
 
-float Vector::getX() const {
-  return x;
-}
-float Vector::getY() const {
-  return y;
-}
-void Vector::setX(float new_x) {
-  x = new_x;
-}
-void Vector::setY(float new_y) {
-  y = new_y;
-}
+float Vector::getX() const { return x; }
+float Vector::getY() const { return y; }
+void Vector::setX(float new_x) { x = new_x; }
+void Vector::setY(float new_y) { y = new_y; }
 
 void Vector::setXY(float new_x, float new_y) {
   x = new_x;
   y = new_y;
 }
 
-float Vector::getMagnitude() const {
-  return std::sqrt(x * x + y * y);
-}
+float Vector::getMagnitude() const { return std::sqrt(x * x + y * y); }
 
 void Vector::normalize() {
   const float magnitude = getMagnitude();
@@ -45,25 +35,15 @@ void Vector::scale(float s) {
   y *= s;
 }
 
-bool Vector::isZero() const {
-  return x == 0.0f && y == 0.0f;
-}
+bool Vector::isZero() const { return x == 0.0f && y == 0.0f; }
 
-bool Vector::operator==(const Vector& other) const {
-  return x == other.x && y == other.y;
-}
+bool Vector::operator==(const Vector& other) const { return x == other.x && y == other.y; }
 
-bool Vector::operator!=(const Vector& other) const {
-  return !(*this == other);
-}
+bool Vector::operator!=(const Vector& other) const { return !(*this == other); }
 
-Vector Vector::operator+(const Vector& other) const {
-  return Vector(x + other.x, y + other.y);
-}
+Vector Vector::operator+(const Vector& other) const { return Vector(x + other.x, y + other.y); }
 
-Vector Vector::operator-(const Vector& other) const {
-  return Vector(x - other.x, y - other.y);
-}
+Vector Vector::operator-(const Vector& other) const { return Vector(x - other.x, y - other.y); }
 
 Vector& Vector::operator+=(const Vector& other) {
   x += other.x;
@@ -71,8 +51,6 @@ Vector& Vector::operator+=(const Vector& other) {
   return *this;
 }
 
-std::string Vector::toString() const {
-  return "(" + mv::toString(x) + "," + mv::toString(y) + ")";
-}
+std::string Vector::toString() const { return "(" + mv::toString(x) + "," + mv::toString(y) + ")"; }
 
 }  // namespace mv

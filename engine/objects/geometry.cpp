@@ -18,9 +18,7 @@ bool rangesOverlap(float a_start, float a_extent, float b_start, float b_extent)
 
 }  // namespace
 
-bool valueInRange(float v, float low, float high) {
-  return low <= v && v <= high;
-}
+bool valueInRange(float v, float low, float high) { return low <= v && v <= high; }
 
 bool boxContainsPosition(Box b, Vector p) {
   const Vector corner = b.getCorner();
@@ -41,9 +39,7 @@ float distance(Vector a, Vector b) {
   return std::sqrt(dy * dy + dx * dx);
 }
 
-Box getWorldBox(const Object* o) {
-  return getWorldBox(o, o->getPosition());
-}
+Box getWorldBox(const Object* o) { return getWorldBox(o, o->getPosition()); }
 
 Box getWorldBox(const Object* o, Vector where) {
   Box box = o->getBox();
@@ -107,8 +103,6 @@ Vector worldToView(Vector world) {
   return world - WorldManager::getInstance().getView().getCorner();
 }
 
-Vector viewToWorld(Vector view) {
-  return view + WorldManager::getInstance().getView().getCorner();
-}
+Vector viewToWorld(Vector view) { return view + WorldManager::getInstance().getView().getCorner(); }
 
 }  // namespace mv

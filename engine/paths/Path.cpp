@@ -7,22 +7,16 @@ namespace mv {
 
 Path::Path() : index(0) {}
 
-bool Path::isDone() const {
-  return index >= static_cast<int>(nodes.size());
-}
+bool Path::isDone() const { return index >= static_cast<int>(nodes.size()); }
 
-Vector Path::getCurrentNode() const {
-  return isDone() ? Vector() : nodes[index];
-}
+Vector Path::getCurrentNode() const { return isDone() ? Vector() : nodes[index]; }
 
 Path Path::popNode() {
   index = std::min(index + 1, static_cast<int>(nodes.size()));
   return *this;
 }
 
-void Path::setNodes(std::vector<Vector> new_nodes) {
-  nodes = std::move(new_nodes);
-}
+void Path::setNodes(std::vector<Vector> new_nodes) { nodes = std::move(new_nodes); }
 
 std::string Path::toString() const {
   std::string text;

@@ -14,27 +14,13 @@ void Animation::setSprite(Sprite* new_sprite) {
   index = 0;
 }
 
-Sprite* Animation::getSprite() const {
-  return sprite;
-}
-void Animation::setName(std::string new_name) {
-  name = std::move(new_name);
-}
-std::string Animation::getName() const {
-  return name;
-}
-void Animation::setIndex(int new_index) {
-  index = new_index;
-}
-int Animation::getIndex() const {
-  return index;
-}
-void Animation::setSlowdownCount(int new_slowdown_count) {
-  slowdown_count = new_slowdown_count;
-}
-int Animation::getSlowdownCount() const {
-  return slowdown_count;
-}
+Sprite* Animation::getSprite() const { return sprite; }
+void Animation::setName(std::string new_name) { name = std::move(new_name); }
+std::string Animation::getName() const { return name; }
+void Animation::setIndex(int new_index) { index = new_index; }
+int Animation::getIndex() const { return index; }
+void Animation::setSlowdownCount(int new_slowdown_count) { slowdown_count = new_slowdown_count; }
+int Animation::getSlowdownCount() const { return slowdown_count; }
 
 int Animation::draw(Vector position) {
   if (sprite == nullptr) {

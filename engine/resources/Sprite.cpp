@@ -44,45 +44,19 @@ Frame Sprite::getFrame(int index) const {
   return frame[index];
 }
 
-int Sprite::getFrameCount() const {
-  return frame_count;
-}
-void Sprite::setWidth(int new_width) {
-  width = new_width;
-}
-int Sprite::getWidth() const {
-  return width;
-}
-void Sprite::setHeight(int new_height) {
-  height = new_height;
-}
-int Sprite::getHeight() const {
-  return height;
-}
-void Sprite::setColor(Color new_color) {
-  color = new_color;
-}
-Color Sprite::getColor() const {
-  return color;
-}
-void Sprite::setSlowdown(int new_slowdown) {
-  slowdown = new_slowdown;
-}
-int Sprite::getSlowdown() const {
-  return slowdown;
-}
-void Sprite::setTransparency(char new_transparency) {
-  transparency = new_transparency;
-}
-char Sprite::getTransparency() const {
-  return transparency;
-}
-void Sprite::setLabel(std::string new_label) {
-  label = std::move(new_label);
-}
-std::string Sprite::getLabel() const {
-  return label;
-}
+int Sprite::getFrameCount() const { return frame_count; }
+void Sprite::setWidth(int new_width) { width = new_width; }
+int Sprite::getWidth() const { return width; }
+void Sprite::setHeight(int new_height) { height = new_height; }
+int Sprite::getHeight() const { return height; }
+void Sprite::setColor(Color new_color) { color = new_color; }
+Color Sprite::getColor() const { return color; }
+void Sprite::setSlowdown(int new_slowdown) { slowdown = new_slowdown; }
+int Sprite::getSlowdown() const { return slowdown; }
+void Sprite::setTransparency(char new_transparency) { transparency = new_transparency; }
+char Sprite::getTransparency() const { return transparency; }
+void Sprite::setLabel(std::string new_label) { label = std::move(new_label); }
+std::string Sprite::getLabel() const { return label; }
 
 int Sprite::draw(int frame_index, Vector position, char frame_transparency) const {
   return getFrame(frame_index).draw(position, color, frame_transparency);

@@ -21,9 +21,7 @@ constexpr int DEFAULT_CELL_HEIGHT = 8;
 // More cells than this are refused: a boundary that large is a mistake.
 constexpr double MAX_CELLS = 16.0 * 1024 * 1024;
 
-LogManager& log() {
-  return LogManager::getInstance();
-}
+LogManager& log() { return LogManager::getInstance(); }
 
 int cellSizeOrDefault(int configured, int fallback, const char* key) {
   if (configured > 0) {
@@ -94,17 +92,11 @@ void Grid::shutDown() {
   m_out_of_bounds.clear();
 }
 
-bool Grid::isStarted() const {
-  return started;
-}
+bool Grid::isStarted() const { return started; }
 
-int Grid::getColumnCount() const {
-  return m_num_cols;
-}
+int Grid::getColumnCount() const { return m_num_cols; }
 
-int Grid::getRowCount() const {
-  return m_num_rows;
-}
+int Grid::getRowCount() const { return m_num_rows; }
 
 CellSet Grid::getCells(const Object* o, Vector where) const {
   const Box box = getWorldBox(o, where);

@@ -11,13 +11,9 @@ namespace {
 constexpr int MIN_ALTITUDE = 0;
 constexpr int MAX_ALTITUDE = 4;
 
-bool validAltitude(int altitude) {
-  return altitude >= MIN_ALTITUDE && altitude <= MAX_ALTITUDE;
-}
+bool validAltitude(int altitude) { return altitude >= MIN_ALTITUDE && altitude <= MAX_ALTITUDE; }
 
-LogManager& log() {
-  return LogManager::getInstance();
-}
+LogManager& log() { return LogManager::getInstance(); }
 
 // A list operation that failed, told in the log. While the game is over the
 // world is being emptied wholesale: such failures pass in silence and count as done.
@@ -34,9 +30,7 @@ bool failedUnlessOver(int result, const char* format, Args... args) {
 
 SceneGraph::SceneGraph() = default;
 
-SceneGraph::~SceneGraph() {
-  shutDown();
-}
+SceneGraph::~SceneGraph() { shutDown(); }
 
 int SceneGraph::startUp() {
   type_map.clear();
@@ -124,17 +118,11 @@ int SceneGraph::removeObject(Object* o) {
   return -1;
 }
 
-ObjectList SceneGraph::activeObjects() const {
-  return objects;
-}
+ObjectList SceneGraph::activeObjects() const { return objects; }
 
-ObjectList SceneGraph::inactiveObjects() const {
-  return inactive_objects;
-}
+ObjectList SceneGraph::inactiveObjects() const { return inactive_objects; }
 
-ObjectList SceneGraph::solidObjects() const {
-  return solid_objects;
-}
+ObjectList SceneGraph::solidObjects() const { return solid_objects; }
 
 ObjectList SceneGraph::visibleObjects(int altitude) const {
   if (!validAltitude(altitude)) {
@@ -154,9 +142,7 @@ ObjectList SceneGraph::getCollisions(const Object* o, Vector where) const {
   return grid.getCollisions(o, where);
 }
 
-const Grid& SceneGraph::getGrid() const {
-  return grid;
-}
+const Grid& SceneGraph::getGrid() const { return grid; }
 
 int SceneGraph::updateActive(Object* o, bool active) {
   if (o->isActive() == active) {

@@ -41,9 +41,7 @@ bool anyPixel(const sf::Image& picture, int left, int top, int right, int bottom
   return false;
 }
 
-bool hasRed(sf::Color c) {
-  return c.r > 0;
-}
+bool hasRed(sf::Color c) { return c.r > 0; }
 
 class DisplayWindow : public testing::TestWithParam<bool> {
  protected:
@@ -167,9 +165,7 @@ void drawOffGrid() {
                                            mv::LEFT, mv::YELLOW);
 }
 
-void drawVariedScreen() {
-  mv_scenes::drawVariedScreen(3);
-}
+void drawVariedScreen() { mv_scenes::drawVariedScreen(3); }
 
 void drawVariedAndOffGrid() {
   drawVariedScreen();

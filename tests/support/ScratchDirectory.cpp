@@ -27,9 +27,7 @@ ScratchDirectory::~ScratchDirectory() {
   std::filesystem::remove_all(directory, ignored);
 }
 
-const std::string& ScratchDirectory::path() const {
-  return directory;
-}
+const std::string& ScratchDirectory::path() const { return directory; }
 
 void ScratchDirectory::write(const std::string& name, const std::string& contents) const {
   std::ofstream file(directory + "/" + name, std::ios::binary);

@@ -48,16 +48,10 @@ void TextScreen::recordCell(mv::Vector position, char character, unsigned char r
   color_digits[static_cast<int>(y)][static_cast<int>(x)] = colorDigit(r, g, b);
 }
 
-std::string TextScreen::text() const {
-  return joinLines(characters);
-}
+std::string TextScreen::text() const { return joinLines(characters); }
 
-std::string TextScreen::colors() const {
-  return joinLines(color_digits);
-}
+std::string TextScreen::colors() const { return joinLines(color_digits); }
 
-int TextScreen::offScreen() const {
-  return off_screen;
-}
+int TextScreen::offScreen() const { return off_screen; }
 
 }  // namespace mv_test
