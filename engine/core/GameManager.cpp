@@ -12,6 +12,7 @@
 #include "EventStep.h"
 #include "FramePacer.h"
 #include "LogManager.h"
+#include "ResourceManager.h"
 #include "WorldManager.h"
 #include "platform.h"
 
@@ -62,6 +63,12 @@ int GameManager::startUp() {
     return -1;
   }
   log().writeLog(1, "Display manager started.");
+
+  if (ResourceManager::getInstance().startUp() != 0) {
+    log().writeLog("GameManager::startUp(): Error! Starting resource manager.");
+    return -1;
+  }
+  log().writeLog(1, "Resource manager started.");
 
   if (WorldManager::getInstance().startUp() != 0) {
     log().writeLog("GameManager::startUp(): Error starting world manager.");
@@ -122,6 +129,7 @@ void GameManager::shutDown() {
     log().writeLog(1, "GameManager()::shutDown(): Warning! timeEndPeriod() cannot accept 1 msec.");
   }
   stopIfStarted(WorldManager::getInstance(), "World manager stopped");
+  stopIfStarted(ResourceManager::getInstance(), "Resource manager stopped");
   stopIfStarted(DisplayManager::getInstance(), "Display manager stopped");
   log().writeLog("%s", STARS);
   log().writeLog("** Game engine stopped **");

@@ -1,6 +1,10 @@
 #include "utility.h"
 
+#include <algorithm>
 #include <bitset>
+#include <cctype>
+#include <climits>
+#include <cstdlib>
 #include <sstream>
 
 #include "LogManager.h"
@@ -44,6 +48,17 @@ std::string colorToString(Color c) {
   return isNamedColor(c) ? COLORS[c].name : "Unknown color";
 }
 
+int colorFromName(const std::string& name) {
+  for (int c = BLACK; c <= WHITE; c++) {
+    std::string lower_case = COLORS[c].name;
+    lower_case[0] = static_cast<char>(std::tolower(static_cast<unsigned char>(lower_case[0])));
+    if (name == lower_case) {
+      return c;
+    }
+  }
+  return -1;
+}
+
 std::string solidnessToString(Solidness s) {
   switch (s) {
     case HARD:
@@ -71,6 +86,11 @@ std::string toString(float f) {
   std::ostringstream stream;
   stream << f;
   return stream.str();
+}
+
+int toInt(const std::string& text) {
+  const long value = std::strtol(text.c_str(), nullptr, 10);
+  return static_cast<int>(std::clamp<long>(value, INT_MIN, INT_MAX));
 }
 
 std::string toBinaryString(unsigned u) {

@@ -8,6 +8,7 @@
 #include "EventStep.h"
 #include "GameManager.h"
 #include "LogManager.h"
+#include "ResourceManager.h"
 #include "SceneGraph.h"
 #include "WorldManager.h"
 #include "geometry.h"
@@ -183,6 +184,18 @@ void Object::setBox(Box new_box) {
   box = new_box;
   sceneGraph().insertObject(this);
   markModified(BOX);
+}
+
+int Object::setSprite(std::string label) {
+  Sprite* sprite = ResourceManager::getInstance().getSprite(label);
+  if (sprite == nullptr) {
+    LogManager::getInstance().writeLog("Object::setSprite(): Warning! Sprite '%s' not found",
+                                       label.c_str());
+    return -1;
+  }
+  animation.setSprite(sprite);
+  setBox(animation.getBox());
+  return 0;
 }
 
 void Object::setAnimation(Animation new_animation, bool set_box) {
