@@ -5,7 +5,7 @@
 
 #include <cstdint>
 #include <cstdlib>
-#include <cstring>
+#include <filesystem>
 #include <fstream>
 #include <string>
 
@@ -14,10 +14,24 @@
 
 namespace {
 
-char sprite_file[] = "/tmp/morvane-sprite-fuzz-XXXXXX";
+std::string sprite_file;
 
 void removeSpriteFile() {
-  unlink(sprite_file);
+  unlink(sprite_file.c_str());
+}
+
+// The file is rewritten for every input, so it lives in memory where the system allows.
+void makeSpriteFile() {
+  const std::filesystem::path directory = std::filesystem::is_directory("/dev/shm")
+                                              ? std::filesystem::path("/dev/shm")
+                                              : std::filesystem::temp_directory_path();
+  sprite_file = (directory / "morvane-sprite-fuzz-XXXXXX").string();
+  const int descriptor = mkstemp(sprite_file.data());
+  if (descriptor == -1) {
+    std::abort();
+  }
+  close(descriptor);
+  std::atexit(removeSpriteFile);
 }
 
 void writeSpriteFile(const std::uint8_t* data, std::size_t size) {
@@ -46,12 +60,7 @@ extern "C" int LLVMFuzzerInitialize(int*, char***) {
   mv::LogManager::getInstance().startUp();
   // The manager's sound slots open the audio device once, here rather than inside an input.
   mv::ResourceManager::getInstance();
-  const int descriptor = mkstemp(sprite_file);
-  if (descriptor == -1) {
-    std::abort();
-  }
-  close(descriptor);
-  std::atexit(removeSpriteFile);
+  makeSpriteFile();
   return 0;
 }
 
