@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cctype>
-#include <climits>
 #include <cstdlib>
 #include <fstream>
 #include <new>
@@ -10,6 +9,7 @@
 #include <vector>
 
 #include "LogManager.h"
+#include "utility.h"
 
 namespace mv {
 
@@ -72,12 +72,6 @@ std::vector<Entry> parseEntries(const std::string& text) {
                    entries[i].value.c_str());
   }
   return entries;
-}
-
-// atoi's reading of a number, with out-of-range values clamped instead of undefined.
-int toInt(const std::string& text) {
-  const long value = std::strtol(text.c_str(), nullptr, 10);
-  return static_cast<int>(std::clamp<long>(value, INT_MIN, INT_MAX));
 }
 
 const char* toText(bool value) { return value ? "true" : "false"; }
@@ -189,18 +183,13 @@ void Config::loadConfig(std::string text) {
 }
 
 void Config::readWindowBackgroundColor() {
-  // In the order of the colours' numbers.
-  static const char* const names[] = {"black", "red",     "green", "yellow",
-                                      "blue",  "magenta", "cyan",  "white"};
   const std::string value = match("window_background_color");
   if (value.empty()) {
     return;
   }
-  for (int i = 0; i < 8; i++) {
-    if (value == names[i]) {
-      window_background_color = static_cast<Color>(i);
-      return;
-    }
+  if (const int color = colorFromName(value); color != -1) {
+    window_background_color = static_cast<Color>(color);
+    return;
   }
   log().writeLog("loadConfig(): Unsupported window color '%s'", value.c_str());
 }

@@ -13,6 +13,7 @@
 #include "FramePacer.h"
 #include "InputManager.h"
 #include "LogManager.h"
+#include "ResourceManager.h"
 #include "WorldManager.h"
 #include "platform.h"
 
@@ -67,6 +68,12 @@ int GameManager::startUp() {
     return -1;
   }
   log().writeLog(1, "Input manager started.");
+
+  if (ResourceManager::getInstance().startUp() != 0) {
+    log().writeLog("GameManager::startUp(): Error! Starting resource manager.");
+    return -1;
+  }
+  log().writeLog(1, "Resource manager started.");
 
   if (WorldManager::getInstance().startUp() != 0) {
     log().writeLog("GameManager::startUp(): Error starting world manager.");
@@ -127,6 +134,7 @@ void GameManager::shutDown() {
     log().writeLog(1, "GameManager()::shutDown(): Warning! timeEndPeriod() cannot accept 1 msec.");
   }
   stopIfStarted(WorldManager::getInstance(), "World manager stopped");
+  stopIfStarted(ResourceManager::getInstance(), "Resource manager stopped");
   stopIfStarted(InputManager::getInstance(), "Input manager stopped");
   stopIfStarted(DisplayManager::getInstance(), "Display manager stopped");
   log().writeLog("%s", STARS);

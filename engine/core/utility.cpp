@@ -1,6 +1,10 @@
 #include "utility.h"
 
+#include <algorithm>
 #include <bitset>
+#include <cctype>
+#include <climits>
+#include <cstdlib>
 #include <sstream>
 
 #include "LogManager.h"
@@ -40,6 +44,17 @@ void colorToRGB(Color c, unsigned char& r, unsigned char& g, unsigned char& b) {
 
 std::string colorToString(Color c) { return isNamedColor(c) ? COLORS[c].name : "Unknown color"; }
 
+int colorFromName(const std::string& name) {
+  for (int c = BLACK; c <= WHITE; c++) {
+    std::string lower_case = COLORS[c].name;
+    lower_case[0] = static_cast<char>(std::tolower(static_cast<unsigned char>(lower_case[0])));
+    if (name == lower_case) {
+      return c;
+    }
+  }
+  return -1;
+}
+
 std::string solidnessToString(Solidness s) {
   switch (s) {
     case HARD:
@@ -65,6 +80,11 @@ std::string toString(float f) {
   std::ostringstream stream;
   stream << f;
   return stream.str();
+}
+
+int toInt(const std::string& text) {
+  const long value = std::strtol(text.c_str(), nullptr, 10);
+  return static_cast<int>(std::clamp<long>(value, INT_MIN, INT_MAX));
 }
 
 std::string toBinaryString(unsigned u) { return std::bitset<32>(u).to_string(); }

@@ -17,6 +17,9 @@ void colorToRGB(Color c, unsigned char& r, unsigned char& g, unsigned char& b);
 // "Black" to "White"; "Unknown color" for anything else.
 std::string colorToString(Color c);
 
+// The colour of a lower-case name, "black" 0 to "white" 7; -1 for any other text.
+int colorFromName(const std::string& name);
+
 // "hard", "soft" or "spectral"; "undefined" for anything else.
 std::string solidnessToString(Solidness s);
 
@@ -27,6 +30,10 @@ std::string toString(int i);
 
 // Six significant digits and no trailing zeros, as a stream writes a float.
 std::string toString(float f);
+
+// atoi's reading of a number (leading blanks skipped, text after the digits
+// ignored, no digits giving 0), with values beyond an int clamped to its range.
+int toInt(const std::string& text);
 
 // 32 characters, most significant bit first.
 std::string toBinaryString(unsigned u);

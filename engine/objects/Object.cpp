@@ -11,6 +11,7 @@
 #include "GameManager.h"
 #include "InputManager.h"
 #include "LogManager.h"
+#include "ResourceManager.h"
 #include "SceneGraph.h"
 #include "WorldManager.h"
 #include "geometry.h"
@@ -184,6 +185,18 @@ void Object::setBox(Box new_box) {
   box = new_box;
   sceneGraph().insertObject(this);
   markModified(BOX);
+}
+
+int Object::setSprite(std::string label) {
+  Sprite* sprite = ResourceManager::getInstance().getSprite(label);
+  if (sprite == nullptr) {
+    LogManager::getInstance().writeLog("Object::setSprite(): Warning! Sprite '%s' not found",
+                                       label.c_str());
+    return -1;
+  }
+  animation.setSprite(sprite);
+  setBox(animation.getBox());
+  return 0;
 }
 
 void Object::setAnimation(Animation new_animation, bool set_box) {

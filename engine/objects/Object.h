@@ -46,6 +46,9 @@ class Object {
   virtual int setActive(bool new_active);
   // The object moves to the tail of every list it is in, so the grid sees the new box.
   virtual void setBox(Box new_box);
+  // Shows the sprite loaded under `label`, with a box of its size; -1, changing
+  // nothing, when no sprite has that label.
+  virtual int setSprite(std::string label);
   // With `set_box`, the box becomes the sprite's size.
   virtual void setAnimation(Animation new_animation, bool set_box);
   virtual int draw();

@@ -289,7 +289,7 @@ int SceneGraph::updateSolidness(Object* o, Solidness solidness) {
   if (o->isSolid() || solidness == SPECTRAL) {
     return 0;
   }
-  if (failedUnlessOver(solid_objects.insert(o),
+  if (failedUnlessOver(solid_objects.insert(o), "%s",
                        "SceneGraph::updateSolidness(): Error! unable to insert solid object")) {
     return -1;
   }

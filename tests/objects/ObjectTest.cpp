@@ -8,6 +8,7 @@
 #include "GameManager.h"
 #include "LogManager.h"
 #include "RecordingObject.h"
+#include "ResourceManager.h"
 #include "WorldManager.h"
 #include "WorldTest.h"
 #include "logLines.h"
@@ -73,6 +74,28 @@ TEST_F(ObjectTest, SettersRefuseWhatIsOutOfRangeAndMarkOnlyRealChanges) {
   EXPECT_FLOAT_EQ(o->getVelocity().getX(), 1.0f);
   EXPECT_FLOAT_EQ(o->getVelocity().getY(), 1.0f);
   EXPECT_FLOAT_EQ(o->predictPosition().getX(), 2.0f);
+}
+
+TEST_F(ObjectTest, ASpriteFoundByItsLabelGivesTheObjectItsLooksAndItsBox) {
+  ASSERT_EQ(mv::ResourceManager::getInstance().startUp(), 0);
+  scratch.write("ship.txt", "1\n4\n3\n0\nred\n/##\\\n|><|\n\\##/\n");
+  ASSERT_EQ(mv::ResourceManager::getInstance().loadSprite("ship.txt", "ship"), 0);
+  mv::Object* o = new mv::Object;
+  o->setModified(0);
+
+  testing::internal::CaptureStderr();
+  EXPECT_EQ(o->setSprite("shp"), -1);
+  EXPECT_TRUE(mv_test::hasMessage(testing::internal::GetCapturedStderr(),
+                                  "Object::setSprite(): Warning! Sprite 'shp' not found"));
+  EXPECT_EQ(o->getBox(), mv::Box(Vector(-0.5f, -0.5f), 0.99f, 0.99f));
+  EXPECT_EQ(o->getAnimation().getSprite(), nullptr);
+
+  EXPECT_EQ(o->setSprite("ship"), 0);
+  EXPECT_EQ(o->getAnimation().getSprite()->getLabel(), "ship");
+  EXPECT_EQ(o->getAnimation().getName(), "ship");
+  EXPECT_EQ(o->getBox(), mv::Box(Vector(-2, -1.5f), 4, 3));
+  EXPECT_EQ(o->getModified(), static_cast<unsigned>(mv::BOX)) << "the animation is not marked";
+  mv::ResourceManager::getInstance().shutDown();
 }
 
 TEST_F(ObjectTest, PathsAreFollowedNodeByNodeWithinThreeQuartersOfAStep) {

@@ -1,0 +1,30 @@
+#include "Music.h"
+
+#include <utility>
+
+#include "LogManager.h"
+
+namespace mv {
+
+Music::Music() : label("[Undefined]") {}
+
+int Music::loadMusic(std::string filename) { return music.openFromFile(filename) ? 0 : -1; }
+
+void Music::setLabel(std::string new_label) { label = std::move(new_label); }
+
+std::string Music::getLabel() const { return label; }
+
+void Music::play(bool loop) {
+  LogManager::getInstance().writeLog(5, "Music::play(): Playing music.");
+  music.play();
+  music.setLoop(loop);
+}
+
+void Music::stop() {
+  LogManager::getInstance().writeLog(5, "Music::stop(): Stopping music.");
+  music.stop();
+}
+
+bool Music::isPlaying() const { return music.getStatus() == sf::SoundSource::Playing; }
+
+}  // namespace mv

@@ -1,0 +1,48 @@
+#include "Sound.h"
+
+#include <utility>
+
+#include "LogManager.h"
+
+namespace mv {
+
+Sound::Sound() : label("[Undefined]") {}
+
+// The player goes before the samples it plays.
+Sound::~Sound() { sound.reset(); }
+
+int Sound::loadSound(std::string filename) {
+  if (!sound_buffer.loadFromFile(filename)) {
+    return -1;
+  }
+  if (sound == nullptr) {
+    sound = std::make_unique<sf::Sound>(sound_buffer);
+  } else {
+    sound->setBuffer(sound_buffer);
+  }
+  return 0;
+}
+
+void Sound::setLabel(std::string new_label) { label = std::move(new_label); }
+
+std::string Sound::getLabel() const { return label; }
+
+void Sound::play(bool loop) {
+  LogManager::getInstance().writeLog(5, "Sound::play(): Playing sound.");
+  if (sound != nullptr) {
+    sound->play();
+    sound->setLoop(loop);
+  }
+}
+
+void Sound::stop() {
+  if (sound != nullptr) {
+    sound->stop();
+  }
+}
+
+bool Sound::isPlaying() const {
+  return sound != nullptr && sound->getStatus() == sf::SoundSource::Playing;
+}
+
+}  // namespace mv

@@ -1,0 +1,77 @@
+#include "Sound.h"
+
+#include <gtest/gtest.h>
+
+#include "LogManager.h"
+#include "Music.h"
+#include "ScratchDirectory.h"
+#include "logLines.h"
+#include "soundFile.h"
+
+namespace {
+
+class SoundTest : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    mv::LogManager& log = mv::LogManager::getInstance();
+    log.setFlush(true);
+    log.setLogLevel(5);
+    ASSERT_EQ(log.startUp(), 0);
+  }
+  void TearDown() override { mv::LogManager::getInstance().shutDown(); }
+
+  bool logHas(const std::string& message) const {
+    return mv_test::hasMessage(mv_test::readFile("morvane.log"), message);
+  }
+
+  mv_test::ScratchDirectory scratch;
+};
+
+TEST_F(SoundTest, PlaysNothingBeforeALoadAndWithoutAFault) {
+  mv::Sound sound;
+  EXPECT_EQ(sound.getLabel(), "[Undefined]");
+  sound.play(true);
+  EXPECT_FALSE(sound.isPlaying());
+  sound.stop();
+  EXPECT_TRUE(logHas("Sound::play(): Playing sound."));
+  EXPECT_EQ(mv::Music().getLabel(), "[Undefined]");
+}
+
+TEST_F(SoundTest, PlaysOnceOrLoopsAndKeepsPlayingAfterAReload) {
+  mv_test::writeWav("long.wav", mv_test::samplesFor(5));
+  mv_test::writeWav("short.wav", 300);
+  mv::Sound sound;
+  ASSERT_EQ(sound.loadSound("long.wav"), 0);
+  sound.play(false);
+  EXPECT_TRUE(sound.isPlaying()) << "playing starts at once";
+  sound.stop();
+  EXPECT_FALSE(sound.isPlaying());
+
+  ASSERT_EQ(sound.loadSound("short.wav"), 0);
+  sound.play(true);
+  EXPECT_TRUE(sound.isPlaying()) << "the second load gives the same sound new samples";
+
+  scratch.write("broken.wav", "not a sound");
+  EXPECT_EQ(sound.loadSound("broken.wav"), -1);
+  EXPECT_EQ(sound.loadSound("missing.wav"), -1);
+  sound.play(true);
+  EXPECT_TRUE(sound.isPlaying()) << "a failed load keeps the samples there were";
+  sound.stop();
+}
+
+TEST_F(SoundTest, MusicStreamsFromItsFileAndTellsWhenItPlaysAndStops) {
+  mv_test::writeWav("tune.wav", mv_test::samplesFor(5));
+  mv::Music music;
+  EXPECT_EQ(music.loadMusic("missing.ogg"), -1);
+  ASSERT_EQ(music.loadMusic("tune.wav"), 0);
+  music.setLabel("tune");
+  EXPECT_EQ(music.getLabel(), "tune");
+  music.play(false);
+  EXPECT_TRUE(music.isPlaying());
+  music.stop();
+  EXPECT_FALSE(music.isPlaying());
+  EXPECT_TRUE(logHas("Music::play(): Playing music."));
+  EXPECT_TRUE(logHas("Music::stop(): Stopping music."));
+}
+
+}  // namespace

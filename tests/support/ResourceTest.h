@@ -1,0 +1,41 @@
+// A fixture for tests of loading resources: a scratch working directory, a
+// started log that is written through line by line, and a started resource
+// manager. Tests read back what each load wrote to the log.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <initializer_list>
+#include <string>
+#include <vector>
+
+#include "ScratchDirectory.h"
+
+namespace mv_test {
+
+class ResourceTest : public ::testing::Test {
+ protected:
+  void SetUp() override;
+  void TearDown() override;
+
+  // Writes `contents` to a file and loads it as the sprite `label`; the
+  // messages that the load wrote are then in `logged`.
+  int loadSprite(const std::string& contents, const std::string& label = "ship");
+
+  // Every message in the log so far.
+  std::vector<std::string> messages() const;
+
+  // The messages written since the last call, or since the test began.
+  std::vector<std::string> newMessages();
+
+  ScratchDirectory scratch;
+  std::vector<std::string> logged;
+
+ private:
+  std::size_t messages_seen = 0;
+};
+
+// The lines joined, each followed by `ending`.
+std::string fileText(std::initializer_list<std::string> lines, const std::string& ending = "\n");
+
+}  // namespace mv_test
