@@ -96,15 +96,23 @@ Splash::~Splash() {
   splash_sprite = nullptr;
 }
 
-int Splash::eventHandler(const Event* event) {
-  WorldManager& world = WorldManager::getInstance();
-  if (GameManager::getInstance().getGameOver()) {
-    world.markForDelete(this);
+std::optional<int> endSplashObject(Object* object, const Event* event) {
+  GameManager& game = GameManager::getInstance();
+  if (game.getGameOver()) {
+    WorldManager::getInstance().markForDelete(object);
     return 0;
   }
   if (event->getType() == KEYBOARD_EVENT) {
-    GameManager::getInstance().setGameOver(true);
-    world.markForDelete(this);
+    game.setGameOver(true);
+    WorldManager::getInstance().markForDelete(object);
+    return 1;
+  }
+  return std::nullopt;
+}
+
+int Splash::eventHandler(const Event* event) {
+  if (const std::optional<int> ended = endSplashObject(this, event)) {
+    return *ended;
   }
   if (event->getType() == STEP_EVENT) {
     step_counter--;
@@ -116,7 +124,7 @@ int Splash::eventHandler(const Event* event) {
       new SplashMorvane(getPosition() + Vector(24, 1));
     }
     if (step_counter == -75) {
-      world.markForDelete(this);
+      WorldManager::getInstance().markForDelete(this);
     }
   }
   return 1;

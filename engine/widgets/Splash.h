@@ -2,6 +2,9 @@
 // up the emblem when it stops, and any key cuts the whole show short.
 #pragma once
 
+#include <optional>
+
+#include "Event.h"
 #include "Object.h"
 #include "Sprite.h"
 
@@ -10,6 +13,11 @@ namespace mv {
 // Plays the splash run in a game loop of its own: about three seconds of the
 // name and the emblem. 0 afterwards, -1 if the game manager is not started.
 int splash();
+
+// How each object of the splash run ends: once the game is over it leaves the
+// world, and any key ends the whole run. The handler's result when the event
+// ended `object`, nothing when the object goes on.
+std::optional<int> endSplashObject(Object* object, const Event* event);
 
 class Splash : public Object {
  public:

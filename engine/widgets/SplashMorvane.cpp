@@ -1,9 +1,12 @@
 #include "SplashMorvane.h"
 
+#include <optional>
+
 #include "Animation.h"
 #include "EventKeyboard.h"
 #include "EventStep.h"
 #include "GameManager.h"
+#include "Splash.h"
 #include "WorldManager.h"
 
 namespace mv {
@@ -84,16 +87,8 @@ SplashMorvane::~SplashMorvane() {
 }
 
 int SplashMorvane::eventHandler(const Event* event) {
-  WorldManager& world = WorldManager::getInstance();
-  GameManager& game = GameManager::getInstance();
-  if (game.getGameOver()) {
-    world.markForDelete(this);
-    return 0;
-  }
-  if (event->getType() == KEYBOARD_EVENT) {
-    game.setGameOver(true);
-    world.markForDelete(this);
-    return 1;
+  if (const std::optional<int> ended = endSplashObject(this, event)) {
+    return *ended;
   }
   if (event->getType() != STEP_EVENT) {
     return 1;
@@ -113,8 +108,8 @@ int SplashMorvane::eventHandler(const Event* event) {
     setPosition(Vector(getPosition().getX() - 1, getPosition().getY()));
   }
   if (step_counter == -45) {
-    game.setGameOver(true);
-    world.markForDelete(this);
+    GameManager::getInstance().setGameOver(true);
+    WorldManager::getInstance().markForDelete(this);
   }
   return 1;
 }

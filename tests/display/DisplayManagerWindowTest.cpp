@@ -22,12 +22,6 @@ using mv::Vector;
 
 const sf::Color GREEN_PAPER(0, 128, 0);
 
-sf::Image capture() {
-  sf::Image picture;
-  EXPECT_EQ(DisplayManager::getInstance().captureScreen(picture), 0);
-  return picture;
-}
-
 // Whether some pixel of the rectangle [left, right) x [top, bottom) passes `test`.
 template <typename Test>
 bool anyPixel(const sf::Image& picture, int left, int top, int right, int bottom, Test test) {
@@ -67,7 +61,7 @@ TEST_P(DisplayWindow, PutsTheCellAtOneOneWhereTheGridSaysWithItsBackgroundOffset
   EXPECT_EQ(display.getWindow()->getSize(), sf::Vector2u(1024, 768));
   paper();
   display.drawCharacter(Vector(1, 1), ' ', mv::RED, 0);
-  const sf::Image blank = capture();
+  const sf::Image blank = mv_test::captureWindow();
 
   // The background covers x 11.52 to 24.32 and y 38.4 to 70.4: the pixels whose centres lie inside.
   EXPECT_EQ(blank.getPixel(12, 38), sf::Color::Blue);
@@ -79,7 +73,7 @@ TEST_P(DisplayWindow, PutsTheCellAtOneOneWhereTheGridSaysWithItsBackgroundOffset
 
   display.swapBuffers();
   display.drawCharacter(Vector(1, 1), 'H', mv::RED, 0);
-  const sf::Image letter = capture();
+  const sf::Image letter = mv_test::captureWindow();
   // The glyph hangs from the cell's corner (12.8, 32): its ink stands between
   // the corner and the baseline one character size (25) below it.
   int ink_left = 1024, ink_top = 768, ink_bottom = 0;
@@ -105,7 +99,7 @@ TEST_P(DisplayWindow, DrawsEachColourAsItsValuesAndBlackOnBlackUnseen) {
   for (int c = mv::BLACK; c <= mv::WHITE; ++c) {
     display.drawCharacter(Vector(static_cast<float>(2 * c), 2), 'M', static_cast<mv::Color>(c), 0);
   }
-  const sf::Image picture = capture();
+  const sf::Image picture = mv_test::captureWindow();
   const sf::Color expected[] = {sf::Color::Black,  sf::Color::Red,  sf::Color::Green,
                                 sf::Color::Yellow, sf::Color::Blue, sf::Color::Magenta,
                                 sf::Color::Cyan,   sf::Color::White};
@@ -136,7 +130,7 @@ TEST_P(DisplayWindow, PaintsALaterCellOverAnEarlierOneAndItsOverhang) {
   display.drawCharacter(Vector(6, 1), ' ', mv::GREEN, 0);
   display.drawCharacter(Vector(9, 1), 'W', 255, 0, 0, 0);
   display.drawCharacter(Vector(9.5f, 1.25f), ' ', 0, 0, 0, 0);
-  const sf::Image picture = capture();
+  const sf::Image picture = mv_test::captureWindow();
 
   // Each background covers x from 0.9 cell to 1.9 cells and y from 1.2 to 2.2 cells past the grid.
   EXPECT_FALSE(anyPixel(picture, 12, 38, 24, 70, hasRed)) << "the earlier W is painted over";
@@ -200,7 +194,7 @@ TEST(DisplayWindowBatches, LookLikeCellsDrawnOneByOne) {
       for (const bool batched : {false, true}) {
         display.setBatching(batched);
         scene();
-        pictures[batched] = capture();
+        pictures[batched] = mv_test::captureWindow();
         display.swapBuffers();
       }
       const sf::Vector2u size = pictures[0].getSize();

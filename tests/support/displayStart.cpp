@@ -22,4 +22,10 @@ int startDisplay(const std::string& config) {
   return mv::DisplayManager::getInstance().startUp();
 }
 
+sf::Image captureWindow() {
+  sf::Image picture;
+  EXPECT_EQ(mv::DisplayManager::getInstance().captureScreen(picture), 0);
+  return picture;
+}
+
 }  // namespace mv_test

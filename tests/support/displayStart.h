@@ -2,6 +2,7 @@
 // settings from the test, and the log goes to the working directory.
 #pragma once
 
+#include <SFML/Graphics/Image.hpp>
 #include <string>
 
 namespace mv_test {
@@ -10,5 +11,8 @@ namespace mv_test {
 // `config` as the configuration text, then starts the log and the display.
 // Answers what the display's startUp answers.
 int startDisplay(const std::string& config);
+
+// What the window will show at the next swap, read back as an image.
+sf::Image captureWindow();
 
 }  // namespace mv_test

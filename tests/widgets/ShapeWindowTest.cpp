@@ -15,12 +15,6 @@ using mv::Vector;
 
 const sf::Color LEAF(10, 200, 30);
 
-sf::Image capture() {
-  sf::Image picture;
-  EXPECT_EQ(DisplayManager::getInstance().captureScreen(picture), 0);
-  return picture;
-}
-
 Shape leafShape(int type) {
   Shape shape;
   shape.setType(type);
@@ -41,14 +35,14 @@ class ShapeWindow : public testing::TestWithParam<bool> {
 // At cell (10,5), whose corner is pixel (128,160), each figure of size 10 stands in its own place.
 TEST_P(ShapeWindow, DrawsEachFigureWhereAndInTheColourItShould) {
   leafShape(Shape::CIRCLE).draw(Vector(10, 5));
-  const sf::Image circle = capture();
+  const sf::Image circle = mv_test::captureWindow();
   EXPECT_EQ(circle.getPixel(133, 165), LEAF) << "radius 10 from (123,155)";
   EXPECT_EQ(circle.getPixel(141, 165), LEAF);
   EXPECT_EQ(circle.getPixel(146, 165), sf::Color::Black);
   DisplayManager::getInstance().swapBuffers();
 
   leafShape(Shape::SQUARE).draw(Vector(10, 5));
-  const sf::Image square = capture();
+  const sf::Image square = mv_test::captureWindow();
   EXPECT_EQ(square.getPixel(133, 161), LEAF) << "turned 45 degrees about (133,154.3)";
   EXPECT_EQ(square.getPixel(128, 161), sf::Color::Black);
   DisplayManager::getInstance().swapBuffers();
@@ -56,7 +50,7 @@ TEST_P(ShapeWindow, DrawsEachFigureWhereAndInTheColourItShould) {
   Shape faint = leafShape(Shape::TRIANGLE);
   faint.setOpacity(128);
   faint.draw(Vector(10, 5));
-  const sf::Image triangle = capture();
+  const sf::Image triangle = mv_test::captureWindow();
   const sf::Color half = triangle.getPixel(128, 161);
   EXPECT_NEAR(half.g, 100, 1) << "half opaque over black";
   EXPECT_EQ(triangle.getPixel(128, 152), sf::Color::Black) << "radius 5 about (128,160)";
@@ -69,7 +63,7 @@ TEST_P(ShapeWindow, LiesOverEarlierCellsAndUnderLaterOnes) {
   display.drawCharacter(Vector(12, 5), ' ', mv::RED, 0);
   leafShape(Shape::CIRCLE).draw(Vector(12, 4));
   display.drawCharacter(Vector(12, 4), ' ', mv::RED, 0);
-  const sf::Image picture = capture();
+  const sf::Image picture = mv_test::captureWindow();
   EXPECT_EQ(picture.getPixel(133, 170), LEAF) << "the circle over the cell before it";
   // The circle's centre is (158.6,133); the cell at (12,4) covers pixels
   // 152.32 to 165.12 across and 134.4 to 166.4 down.
@@ -79,7 +73,7 @@ TEST_P(ShapeWindow, LiesOverEarlierCellsAndUnderLaterOnes) {
 
 TEST_P(ShapeWindow, DrawsNothingForTheUndefinedType) {
   leafShape(Shape::UNDEFINED).draw(Vector(10, 5));
-  const sf::Image picture = capture();
+  const sf::Image picture = mv_test::captureWindow();
   for (unsigned y = 140; y < 190; ++y) {
     for (unsigned x = 110; x < 160; ++x) {
       ASSERT_EQ(picture.getPixel(x, y), sf::Color::Black);
