@@ -53,18 +53,21 @@ int Manager::onEvent(const Event* event) const {
                  event_type.c_str());
     return 0;
   }
+  // Handlers may add or drop labels, which moves the table: take the listeners
+  // out of it before the first handler runs.
+  const auto found = std::find_if(interests.begin(), interests.end(), [&](const Interest& interest) {
+    return interest.event_type == event_type;
+  });
+  if (found == interests.end()) {
+    return 0;
+  }
+  const ObjectList listeners = found->obj_list;
   int count = 0;
-  for (const Interest& interest : interests) {
-    if (interest.event_type != event_type) {
-      continue;
-    }
-    const ObjectList listeners = interest.obj_list;
-    ObjectListIterator it(&listeners);
-    for (it.first(); !it.isDone(); it.next()) {
-      if (it.currentObject()->isActive()) {
-        it.currentObject()->eventHandler(event);
-        count++;
-      }
+  ObjectListIterator it(&listeners);
+  for (it.first(); !it.isDone(); it.next()) {
+    if (it.currentObject()->isActive()) {
+      it.currentObject()->eventHandler(event);
+      count++;
     }
   }
   return count;

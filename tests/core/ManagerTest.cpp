@@ -48,6 +48,30 @@ TEST_F(DispatchTest, HandlersRunInRegistrationOrderOverACopyOfTheList) {
   EXPECT_EQ(mv_test::dispatch_log, (Log{"c: ping", "late: ping"}));
 }
 
+// A handler that makes the manager learn new labels, or forget the label being
+// dispatched, moves the table under the walk; the sanitized build catches a
+// walk that still reads the old table.
+TEST_F(DispatchTest, HandlersMayAddAndDropLabelsDuringTheWalk) {
+  auto* first = new RecordingObject("first");
+  auto* second = new RecordingObject("second");
+  first->registerInterest("ping");
+  second->registerInterest("ping");
+  first->on_event = [&](const mv::Event*) {
+    for (int i = 0; i < 20; i++) {
+      first->registerInterest("label " + std::to_string(i));
+    }
+    first->unregisterInterest("ping");
+    second->unregisterInterest("ping");
+  };
+  mv_test::dispatch_log.clear();
+  const mv::Event ping = event("ping");
+  EXPECT_EQ(world().onEvent(&ping), 2);
+  EXPECT_EQ(mv_test::dispatch_log, (Log{"first: ping", "second: ping"}));
+  EXPECT_EQ(world().onEvent(&ping), 0) << "the label was dropped with its last listener";
+  const mv::Event nineteen = event("label 19");
+  EXPECT_EQ(world().onEvent(&nineteen), 1);
+}
+
 TEST_F(DispatchTest, InactiveObjectsAreSkippedButKeepTheirInterest) {
   auto* o = new RecordingObject("o");
   o->registerInterest("ping");
