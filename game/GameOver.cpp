@@ -5,6 +5,7 @@
 #include "ObjectListIterator.h"
 #include "Sprite.h"
 #include "WorldManager.h"
+#include "game.h"
 
 GameOver::GameOver() : time_to_live(0) {
   setType("GameOver");
@@ -18,6 +19,9 @@ GameOver::GameOver() : time_to_live(0) {
 }
 
 GameOver::~GameOver() {
+  if (!worldIsOpen()) {
+    return;
+  }
   mv::WorldManager& world = mv::WorldManager::getInstance();
   const mv::ObjectList everything = world.getAllObjects(true);
   mv::ObjectListIterator it(&everything);
