@@ -10,7 +10,7 @@ source "$(dirname "${BASH_SOURCE[0]}")/setup.sh"
 if [[ -z "${MORVANE_TEST_X_SERVER:-}" ]]; then
   install_missing_packages
   export MORVANE_TEST_X_SERVER=xvfb
-  exec xvfb-run -a -s "-screen 0 1280x1024x24 -noreset" bash "${BASH_SOURCE[0]}" "$@"
+  exec xvfb-run -a -s "-screen 0 1920x1080x24 -noreset" bash "${BASH_SOURCE[0]}" "$@"
 fi
 
 failed=()
