@@ -210,6 +210,7 @@ def play(game):
 
     game.xdotool("mousedown", "1")
     aim = (100, 24)
+    fired = False
     deadline = time.time() + 40
     while True:
         shot = game.screen()
@@ -218,6 +219,10 @@ def play(game):
         if time.time() > deadline or game.shows("gameover", shot, **centre):
             shot.save(os.path.join(game.output, "no-kill.png"))
             raise Failure("no robot destroyed: the Points display never grew")
+        if not fired and shot.cells_of(sprite_color(game.sprites, "bullet-small"),
+                                       columns=range(12, 156), rows=range(8, 40)):
+            fired = True
+            shot.save(os.path.join(game.output, "firing.png"))
         # The reticle is as white as a wrench robot: what lies under the mouse is no target.
         enemies = [(c, r) for c, r in game.enemy_cells(shot)
                    if abs(c - aim[0]) > 3 or abs(r - aim[1]) > 2]
