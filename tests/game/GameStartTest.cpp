@@ -1,0 +1,93 @@
+#include "GameStart.h"
+
+#include <string>
+#include <vector>
+
+#include "DisplayManager.h"
+#include "GameManager.h"
+#include "GameTest.h"
+#include "TextScreen.h"
+#include "WorldManager.h"
+
+namespace {
+
+// The screens as a player sees them, drawn with the game's own sprites.
+class GameStartTest : public GameTest {
+ protected:
+  GameStartTest() { game_sprites = true; }
+};
+
+using Key = sf::Keyboard;
+
+// What the world shows on a 157 by 48 screen, row after row, each ending in a line feed.
+std::string screenText() {
+  mv_test::TextScreen screen(157, 48);
+  mv::DisplayManager::getInstance().setCellRecorder(&screen);
+  mv::WorldManager::getInstance().draw();
+  mv::DisplayManager::getInstance().setCellRecorder(nullptr);
+  return screen.text();
+}
+
+TEST_F(GameStartTest, PStartsAGameInAWalledRoomUnderItsThreeDisplays) {
+  input.queueKey(sf::Event::KeyPressed, Key::P);
+  startGame();
+  EXPECT_TRUE(all("GameStart").empty());
+  ASSERT_EQ(all("Hero").size(), 1u);
+  EXPECT_EQ(static_cast<Hero*>(all("Hero")[0])->getStats().bullet_bounces, 0)
+      << "the press of P came before the hero, and upgrades nothing";
+
+  const std::string screen = screenText();
+  const auto cell = [&](int column, int row) { return screen[row * 158 + column]; };
+  std::string walls;
+  for (int column = 0; column <= 156; column++) {
+    walls += {cell(column, 7), cell(column, 40)};
+  }
+  for (int row = 7; row <= 40; row++) {
+    walls += {cell(0, row), cell(156, row)};
+  }
+  EXPECT_EQ(walls.find(' '), std::string::npos) << "a gap in the walls: " << screen;
+  for (const char* display : {"Health 5", "Room: 1", "Points 0"}) {
+    EXPECT_NE(screen.substr(0, 7 * 158).find(display), std::string::npos) << display;
+  }
+}
+
+TEST_F(GameStartTest, TheEndScreenGivesWayToTheStartScreenAloneAndTheNextGameStartsAfresh) {
+  startGame();
+  ASSERT_EQ(all("Hero").size(), 1u);
+  const auto* first_hero = static_cast<const Hero*>(all("Hero")[0]);
+  const int first_hero_id = first_hero->getId();
+  const Stats fresh = statsOf(first_hero);
+  input.queueKey(sf::Event::KeyPressed, Key::O);
+  clearTheEnemies();
+  frame();
+  EXPECT_GT(shown("Points"), 0);
+
+  hold({Key::Escape, Key::Q}, 1);
+  EXPECT_TRUE(all("Hero").empty());
+  for (int i = 0; i < 100 && all("GameStart").empty(); i++) {
+    hold({Key::Q}, 1);
+    EXPECT_FALSE(mv::GameManager::getInstance().getGameOver())
+        << "Q is read by the start screen alone";
+  }
+  EXPECT_EQ(all("").size(), 1u) << "the start screen alone";
+
+  hold({Key::P}, 1);
+  ASSERT_EQ(all("Hero").size(), 1u);
+  const auto* hero = static_cast<const Hero*>(all("Hero")[0]);
+  EXPECT_NE(hero->getId(), first_hero_id);
+  EXPECT_EQ(statsOf(hero), fresh);
+  EXPECT_EQ(shown("Room:"), 1);
+  EXPECT_EQ(shown("Points"), 0);
+  EXPECT_EQ(shown("Health"), 5);
+}
+
+TEST_F(GameStartTest, QOnTheStartScreenEndsTheProgramAndOtherKeysDoNothing) {
+  new GameStart;
+  hold({Key::A, Key::Escape}, 1);
+  EXPECT_FALSE(mv::GameManager::getInstance().getGameOver());
+  EXPECT_EQ(all("GameStart").size(), 1u);
+  hold({Key::Q}, 1);
+  EXPECT_TRUE(mv::GameManager::getInstance().getGameOver());
+}
+
+}  // namespace

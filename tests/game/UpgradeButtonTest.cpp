@@ -1,0 +1,87 @@
+#include "UpgradeButton.h"
+
+#include <cstdlib>
+#include <set>
+#include <string>
+
+#include "GameTest.h"
+
+namespace {
+
+using UpgradeButtonTest = GameTest;
+
+TEST_F(UpgradeButtonTest, AStatAtItsLimitIsNeverOffered) {
+  const std::vector<std::string> names = upgradeNames();
+  const struct {
+    int size_upgrades;
+    int rate_upgrades;
+    std::set<std::string> left_out;
+  } cases[] = {
+      {2, 0, {"bullet size"}},
+      {0, 6, {"fire rate"}},
+      {2, 6, {"bullet size", "fire rate"}},
+  };
+  for (const auto& c : cases) {
+    std::set<std::string> offered;
+    for (unsigned seed = 1; seed <= 200; seed++) {
+      emptyTheWorld();
+      auto* hero = new Hero;
+      for (int i = 0; i < c.size_upgrades; i++) {
+        hero->applyUpgrade("bullet size");
+      }
+      for (int i = 0; i < c.rate_upgrades; i++) {
+        hero->applyUpgrade("fire rate");
+      }
+      std::srand(seed);
+      frame();
+      for (mv::Object* button : all("UpgradeButton")) {
+        offered.insert(static_cast<UpgradeButton*>(button)->getName());
+      }
+    }
+    std::set<std::string> expected(names.begin(), names.end());
+    for (const std::string& name : c.left_out) {
+      expected.erase(name);
+    }
+    EXPECT_EQ(offered, expected);
+  }
+}
+
+TEST_F(UpgradeButtonTest, EachButtonClickedGivesItsUpgradeAndTheNextRoomComesOnTheTenthStep) {
+  for (std::size_t clicked : {1u, 2u}) {
+    SCOPED_TRACE(clicked);
+    Hero* hero = offered();
+    Stats expected = statsOf(hero);
+    const std::vector<mv::Object*> buttons = all("UpgradeButton");
+    ASSERT_EQ(buttons.size(), 2u);
+    for (std::size_t i = 0; i < clicked; i++) {
+      click(buttons[i]->getPosition());
+      expected = upgraded(expected, static_cast<UpgradeButton*>(buttons[i])->getName());
+    }
+    frame();
+    expectStats(statsOf(hero), expected);
+    EXPECT_EQ(all("UpgradeButton").size(), 2 - clicked);
+    frames(8);
+    EXPECT_TRUE(all("Room").empty());
+    frame();
+    EXPECT_EQ(all("Room").size(), 1u);
+    EXPECT_TRUE(all("UpgradeButton").empty());
+    EXPECT_FALSE(hero->isUpgrading());
+  }
+}
+
+TEST_F(UpgradeButtonTest, AClickUnderTheEndScreenReachesNoHero) {
+  offered();
+  hold({sf::Keyboard::Escape}, 1);
+  ASSERT_TRUE(all("Hero").empty());
+  const std::vector<mv::Object*> buttons = all("UpgradeButton");
+  ASSERT_EQ(buttons.size(), 2u);
+  click(buttons[0]->getPosition());
+  frame();
+  EXPECT_EQ(all("UpgradeButton").size(), 2u);
+  for (int i = 0; i < 10 && all("GameStart").empty(); i++) {
+    frame();
+  }
+  EXPECT_EQ(all("").size(), 1u) << "the start screen alone";
+}
+
+}  // namespace
