@@ -11,7 +11,6 @@
 // game's clock stands still at the seed: one seed always plays the same games.
 #include <unistd.h>
 
-#include <charconv>
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
@@ -23,6 +22,7 @@
 #include "AutoPlayer.h"
 #include "GameManager.h"
 #include "InputManager.h"
+#include "arguments.h"
 #include "game.h"
 #include "session.h"
 
@@ -34,18 +34,6 @@ struct Arguments {
   int seed = 1;
 };
 
-// A whole number of at least `least`, and nothing after it.
-bool readNumber(const char* text, int least, int& number) {
-  const char* end = text + std::char_traits<char>::length(text);
-  int value = 0;
-  const auto [stop, error] = std::from_chars(text, end, value);
-  if (error != std::errc() || stop != end || value < least) {
-    return false;
-  }
-  number = value;
-  return true;
-}
-
 bool readArguments(int argc, char** argv, Arguments& arguments) {
   if (argc > 4) {
     std::fprintf(stderr, "rustline_autoplay: at most three arguments\n");
@@ -54,12 +42,12 @@ bool readArguments(int argc, char** argv, Arguments& arguments) {
   if (argc > 1) {
     arguments.directory = argv[1];
   }
-  if (argc > 2 && !readNumber(argv[2], 1, arguments.frames)) {
+  if (argc > 2 && !readWholeNumber(argv[2], 1, arguments.frames)) {
     std::fprintf(stderr, "rustline_autoplay: frames must be a whole number from 1, not '%s'\n",
                  argv[2]);
     return false;
   }
-  if (argc > 3 && !readNumber(argv[3], 1, arguments.seed)) {
+  if (argc > 3 && !readWholeNumber(argv[3], 1, arguments.seed)) {
     std::fprintf(stderr, "rustline_autoplay: the seed must be a whole number from 1, not '%s'\n",
                  argv[3]);
     return false;
