@@ -9,6 +9,7 @@
 // up; the log goes to its morvane.log. Its settings are used with headless
 // mode, a frame time of 0 and the seed as random seed put in front, and the
 // game's clock stands still at the seed: one seed always plays the same games.
+// Sounds go to OpenAL's null device unless ALSOFT_DRIVERS names another.
 #include <unistd.h>
 
 #include <chrono>
@@ -87,6 +88,9 @@ int main(int argc, char** argv) {
       "headless:true,frame_time:0,random_seed:" + std::to_string(arguments.seed) + ",",
       "mv-config.txt");
   setenv("MORVANE_CONFIG", config.c_str(), 1);
+  // Headless, nobody listens; and without a sound device the music's stream
+  // would spin and flood standard error.
+  setenv("ALSOFT_DRIVERS", "null", 0);
   fixGameSeconds(arguments.seed);
 
   if (startRustline() != 0) {
