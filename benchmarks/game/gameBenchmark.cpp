@@ -2,9 +2,8 @@
 // window of 157 by 48 cells as the game's settings make it, with no sleep
 // between frames, and prints how long the work of a frame takes: the 50th and
 // 99th percentile, the longest, and how many frames overran the 33 ms of the
-// game's frame time. It plays twice: once with every key and button polled
-// from the window as in the game, once with the player's input alone, which
-// shows what the polling costs. Run it under an X server:
+// game's frame time. The window's own input is read each frame as the game
+// reads a person's, and thrown away. Run it under an X server:
 //   xvfb-run -a -s "-screen 0 1920x1080x24" build-player/benchmarks/game/game_benchmark [frames]
 #include <SFML/Graphics/RenderWindow.hpp>
 #include <algorithm>
@@ -91,7 +90,7 @@ struct Measured {
 // Plays from the start screen on, with the engine started afresh, and times
 // the frames from one input pass to the next: with no sleep, that is all of
 // a frame's work. Empty if the window did not open.
-Measured playAndTime(int frames, bool read_the_window) {
+Measured playAndTime(int frames) {
   fixGameSeconds(GAME_SECONDS);
   Measured measured;
   if (startRustline() != 0 || mv::DisplayManager::getInstance().getWindow() == nullptr) {
@@ -109,8 +108,7 @@ Measured playAndTime(int frames, bool read_the_window) {
     }
   });
   PlayerAtTheWindow player_at_the_window(player, *mv::DisplayManager::getInstance().getWindow());
-  mv::InputManager::getInstance().setInputSource(
-      read_the_window ? static_cast<mv::InputSource*>(&player_at_the_window) : &player);
+  mv::InputManager::getInstance().setInputSource(&player_at_the_window);
   mv::GameManager::getInstance().run();
   stopRustline();
   for (std::size_t i = 1; i < frame_starts.size(); i++) {
@@ -159,9 +157,8 @@ int main(int argc, char** argv) {
     return 1;
   }
   std::filesystem::current_path(play);
-  const Measured as_the_game_reads = playAndTime(frames, true);
-  const Measured player_alone = playAndTime(frames, false);
-  if (as_the_game_reads.work.empty() || player_alone.work.empty()) {
+  const Measured measured = playAndTime(frames);
+  if (measured.work.empty()) {
     std::fprintf(stderr, "game_benchmark: no window: is there an X server (xvfb-run -a)? See %s\n",
                  (play / "morvane.log").c_str());
     return 1;
@@ -172,9 +169,6 @@ int main(int argc, char** argv) {
       "warm-up, no sleep.\n",
       config.getWindowHorizontalChars(), config.getWindowVerticalChars(),
       config.getWindowHorizontalPixels(), config.getWindowVerticalPixels(), frames, WARM_UP_FRAMES);
-  std::printf("Each key and button polled from the window, as the game reads a person's input:\n");
-  printFigures(as_the_game_reads);
-  std::printf("The player's input alone, the window's keys and buttons left unpolled:\n");
-  printFigures(player_alone);
+  printFigures(measured);
   return 0;
 }

@@ -3,6 +3,7 @@
 #include <SFML/Graphics/RenderWindow.hpp>
 #include <algorithm>
 #include <iterator>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -203,6 +204,8 @@ Vector cellsOf(int pixel_x, int pixel_y) {
 
 InputManager::InputManager() : input_source(nullptr) { setType("InputManager"); }
 
+InputManager::~InputManager() = default;
+
 InputManager& InputManager::getInstance() {
   static InputManager instance;
   return instance;
@@ -242,6 +245,7 @@ void InputManager::shutDown() {
     window->setKeyRepeatEnabled(true);
     log().writeLog(2, "InputManager::shutDown(): Keyboard repeat enabled.");
   }
+  window_source.reset();
   Manager::shutDown();
   log().writeLog(5, "InputManager::shutDown(): successfully stopped.");
 }
@@ -261,8 +265,10 @@ void InputManager::getInput() {
     log().writeLog("InputManager::getInput(): DisplayManager unexpectedly returned null window!");
     return;
   }
-  WindowInputSource source(*window);
-  readInput(source);
+  if (window_source == nullptr || !window_source->reads(*window)) {
+    window_source = std::make_unique<WindowInputSource>(*window);
+  }
+  readInput(*window_source);
 }
 
 void InputManager::readInput(InputSource& source) {
@@ -311,16 +317,23 @@ bool InputManager::sendQueuedEvents(InputSource& source) {
   return true;
 }
 
+// The mouse's place is asked for only while a button is held: on a remote
+// display each question is a round trip.
 void InputManager::sendHeldButtons(const InputSource& source) {
-  const sf::Vector2i at = source.getMousePosition();
   EventMouse held;
   held.setMouseAction(PRESSED);
-  held.setMousePosition(cellsOf(at.x, at.y));
+  bool placed = false;
   for (sf::Mouse::Button button : {sf::Mouse::Left, sf::Mouse::Right, sf::Mouse::Middle}) {
-    if (source.isButtonPressed(button)) {
-      held.setMouseButton(toEngineButton(button));
-      onEvent(&held);
+    if (!source.isButtonPressed(button)) {
+      continue;
     }
+    if (!placed) {
+      const sf::Vector2i at = source.getMousePosition();
+      held.setMousePosition(cellsOf(at.x, at.y));
+      placed = true;
+    }
+    held.setMouseButton(toEngineButton(button));
+    onEvent(&held);
   }
 }
 

@@ -5,6 +5,7 @@
 #pragma once
 
 #include <SFML/Window/Event.hpp>
+#include <memory>
 #include <string>
 
 #include "EventKeyboard.h"
@@ -13,6 +14,7 @@
 namespace mv {
 
 class InputSource;
+class WindowInputSource;
 
 class InputManager : public Manager {
  public:
@@ -37,6 +39,7 @@ class InputManager : public Manager {
 
  private:
   InputManager();
+  ~InputManager() override;
   void readInput(InputSource& source);
   // False when the window was closed: the rest of the frame's input waits.
   bool sendQueuedEvents(InputSource& source);
@@ -44,6 +47,9 @@ class InputManager : public Manager {
   void sendHeldKeys(const InputSource& source);
 
   InputSource* input_source;
+  // The window's input, kept from frame to frame: it remembers which keys
+  // and buttons the window's events left held.
+  std::unique_ptr<WindowInputSource> window_source;
 };
 
 }  // namespace mv
