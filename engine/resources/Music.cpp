@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "LogManager.h"
+#include "audioDevice.h"
 
 namespace mv {
 
@@ -16,6 +17,9 @@ std::string Music::getLabel() const { return label; }
 
 void Music::play(bool loop) {
   LogManager::getInstance().writeLog(5, "Music::play(): Playing music.");
+  if (!audioDeviceOpened()) {
+    return;
+  }
   music.play();
   music.setLoop(loop);
 }

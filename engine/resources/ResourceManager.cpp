@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "LogManager.h"
+#include "audioDevice.h"
 #include "utility.h"
 
 namespace mv {
@@ -508,6 +509,9 @@ int ResourceManager::startUp() {
   sprite_count = 0;
   sound_count = 0;
   music_count = 0;
+  if (!audioDeviceOpened()) {
+    log().writeLog("RM::startUp(): Warning! No audio device: sounds and music stay silent.");
+  }
   Manager::startUp();
   log().writeLog(5, "RM::startUp(): successfully started.");
   return 0;

@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "LogManager.h"
+#include "audioDevice.h"
 
 namespace mv {
 
@@ -29,7 +30,7 @@ std::string Sound::getLabel() const { return label; }
 
 void Sound::play(bool loop) {
   LogManager::getInstance().writeLog(5, "Sound::play(): Playing sound.");
-  if (sound != nullptr) {
+  if (sound != nullptr && audioDeviceOpened()) {
     sound->play();
     sound->setLoop(loop);
   }

@@ -2,8 +2,11 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdlib>
+
 #include "LogManager.h"
 #include "Music.h"
+#include "ResourceManager.h"
 #include "ScratchDirectory.h"
 #include "logLines.h"
 #include "soundFile.h"
@@ -75,3 +78,21 @@ TEST_F(SoundTest, MusicStreamsFromItsFileAndTellsWhenItPlaysAndStops) {
 }
 
 }  // namespace
+
+// A machine without a sound device: the audio library can open none when
+// asked for a backend that does not exist. Each test runs in a process of its
+// own, so the audio starts here for the first time.
+TEST_F(SoundTest, WithoutAnAudioDeviceEverythingStaysSilentAndSaysSoOnce) {
+  setenv("ALSOFT_DRIVERS", "no-such-backend", 1);
+  mv_test::writeWav("tone.wav", mv_test::samplesFor(0.5));
+  mv::ResourceManager& resources = mv::ResourceManager::getInstance();
+  ASSERT_EQ(resources.startUp(), 0);
+  ASSERT_EQ(resources.loadMusic("tone.wav", "theme"), 0);
+  ASSERT_EQ(resources.loadSound("tone.wav", "shot"), 0);
+  resources.getMusic("theme")->play(true);
+  resources.getSound("shot")->play(false);
+  EXPECT_FALSE(resources.getMusic("theme")->isPlaying());
+  EXPECT_FALSE(resources.getSound("shot")->isPlaying());
+  resources.shutDown();
+  EXPECT_TRUE(logHas("RM::startUp(): Warning! No audio device: sounds and music stay silent."));
+}
