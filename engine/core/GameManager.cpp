@@ -13,6 +13,7 @@
 #include "FramePacer.h"
 #include "InputManager.h"
 #include "LogManager.h"
+#include "PathManager.h"
 #include "ResourceManager.h"
 #include "WorldManager.h"
 #include "platform.h"
@@ -81,6 +82,12 @@ int GameManager::startUp() {
   }
   log().writeLog(1, "World manager started.");
 
+  if (PathManager::getInstance().startUp() != 0) {
+    log().writeLog("GameManager::startUp(): Error starting path manager.");
+    return -1;
+  }
+  log().writeLog(1, "Path manager started");
+
   giveTheWorldTheDisplaysSize();
 
   seedRandomGenerator();
@@ -133,6 +140,7 @@ void GameManager::shutDown() {
   if (platform::endTimerPeriod(1) == platform::TIMER_NO_CAN_DO) {
     log().writeLog(1, "GameManager()::shutDown(): Warning! timeEndPeriod() cannot accept 1 msec.");
   }
+  stopIfStarted(PathManager::getInstance(), "Path manager stopped");
   stopIfStarted(WorldManager::getInstance(), "World manager stopped");
   stopIfStarted(ResourceManager::getInstance(), "Resource manager stopped");
   stopIfStarted(InputManager::getInstance(), "Input manager stopped");
@@ -166,6 +174,7 @@ void GameManager::run() {
     InputManager::getInstance().getInput();
     WorldManager::getInstance().update();
     WorldManager::getInstance().draw();
+    PathManager::getInstance().cycle(pacer.pathBudget(clock.split()));
 
     const int split = clock.split();
     const int left = pacer.timeLeft(split);

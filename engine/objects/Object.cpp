@@ -11,6 +11,8 @@
 #include "GameManager.h"
 #include "InputManager.h"
 #include "LogManager.h"
+#include "PathFind.h"
+#include "PathManager.h"
 #include "ResourceManager.h"
 #include "SceneGraph.h"
 #include "WorldManager.h"
@@ -57,7 +59,8 @@ Object::Object()
       no_soft(false),
       modified(ALL_OBJECT_ATTRIBUTES),
       follow_path(false),
-      avoid_collisions(false) {
+      avoid_collisions(false),
+      path_find(nullptr) {
   shape.setType(Shape::UNDEFINED);
   WorldManager::getInstance().insertObject(this);
 }
@@ -67,7 +70,44 @@ Object::~Object() {
   for (auto it = interests.rbegin(); it != interests.rend(); ++it) {
     unregisterInterest(*it);
   }
+  endSearch();
   WorldManager::getInstance().removeObject(this);
+}
+
+void Object::endSearch() {
+  if (path_find != nullptr) {
+    PathManager::getInstance().removePathFind(path_find);
+    delete path_find;
+    path_find = nullptr;
+  }
+}
+
+int Object::findPath(Vector goal) { return startSearch(goal, nullptr); }
+
+int Object::findPath(Object* target) {
+  if (target == nullptr) {
+    log().writeLog("Object::findPath(): Error! No object to find a way to.");
+    return -1;
+  }
+  return startSearch(target->getPosition(), target);
+}
+
+int Object::startSearch(Vector goal, Object* target) {
+  const Box boundary = WorldManager::getInstance().getBoundary();
+  for (const Vector end : {position, goal}) {
+    const Cell cell = nearestCell(end);
+    if (cell.x < 0 || cell.y < 0 || cell.x >= static_cast<int>(boundary.getHorizontal()) ||
+        cell.y >= static_cast<int>(boundary.getVertical())) {
+      log().writeLog("Object::findPath(): Error! (%d,%d) lies outside the world of %d by %d cells.",
+                     cell.x, cell.y, static_cast<int>(boundary.getHorizontal()),
+                     static_cast<int>(boundary.getVertical()));
+      return -1;
+    }
+  }
+  endSearch();
+  path_find = new PathFind(this, goal, target);
+  PathManager::getInstance().insertPathFind(path_find);
+  return 0;
 }
 
 void Object::markModified(unsigned attributes) { modified |= attributes; }
@@ -103,6 +143,7 @@ int Object::eventHandler(const Event* event) {
     setPath(path_event->getPath());
     setFollowPath(true);
   }
+  endSearch();
   return 1;
 }
 

@@ -17,6 +17,8 @@
 
 namespace mv {
 
+class PathFind;
+
 class Object {
  public:
   // Enters the world with the defaults: at (1,1), HARD, altitude 2, type "(Undefined)".
@@ -93,6 +95,14 @@ class Object {
   void setNoSoft(bool new_no_soft);
   void setVisible(bool new_visible);
 
+  // Starts a search for a way from here to `goal`, in place of any search
+  // already under way; the path is followed once found. Both ends go to the
+  // nearest whole cell. -1, with a line in the log, for an end outside the
+  // world's boundary.
+  int findPath(Vector goal);
+  // The same towards another object: the search ends where the two would touch.
+  int findPath(Object* target);
+
   // Subscribes to an event through the manager that raises it; at most 100 interests.
   int registerInterest(std::string event_type);
   int unregisterInterest(std::string event_type);
@@ -105,6 +115,9 @@ class Object {
 
  private:
   static int next_id;
+
+  int startSearch(Vector goal, Object* target);
+  void endSearch();
 
   int id;
   std::string type;
@@ -126,6 +139,8 @@ class Object {
   Path path;
   bool follow_path;
   bool avoid_collisions;
+  // The search for a way under way, owned; null when there is none.
+  PathFind* path_find;
 };
 
 }  // namespace mv

@@ -26,4 +26,8 @@ std::string Path::toString() const {
   return text;
 }
 
+const std::vector<Vector>& Path::getNodes() const { return nodes; }
+
+int Path::getIndex() const { return index; }
+
 }  // namespace mv

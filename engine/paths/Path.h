@@ -25,6 +25,11 @@ class Path {
   // Replaces the nodes; the cursor stays where it is.
   void setNodes(std::vector<Vector> new_nodes);
 
+  // Every node, passed or not, in order of travel.
+  const std::vector<Vector>& getNodes() const;
+  // Where the cursor stands among the nodes.
+  int getIndex() const;
+
   // Every node, from the first whatever the cursor, each followed by "|".
   std::string toString() const;
 
