@@ -31,20 +31,30 @@ PathFind::PathFind(Object* object, Vector goal, Object* target)
       target(target),
       start(nearestCell(object->getPosition())),
       end(nearestCell(goal)),
+      discoveries(0),
+      open_count(0),
+      expansions(0),
+      last_expanded(start),
       found(false) {
   const Box boundary = WorldManager::getInstance().getBoundary();
   graph_width = std::max(0, static_cast<int>(boundary.getHorizontal()));
   graph_height = std::max(0, static_cast<int>(boundary.getVertical()));
-  node_graph.resize(static_cast<std::size_t>(graph_width) * graph_height);
+  const std::size_t cells = static_cast<std::size_t>(graph_width) * graph_height;
+  node_graph.resize(cells);
+  state.resize(cells, State::UNSEEN);
+  blocked.resize(cells, Blocked::UNKNOWN);
+  discovery.resize(cells, 0);
 }
 
-PathFind::Node& PathFind::nodeAt(Cell c) {
-  return node_graph[static_cast<std::size_t>(c.y) * graph_width + c.x];
+PathFind::~PathFind() = default;
+
+std::size_t PathFind::indexOf(Cell c) const {
+  return static_cast<std::size_t>(c.y) * graph_width + c.x;
 }
 
-const PathFind::Node& PathFind::nodeAt(Cell c) const {
-  return node_graph[static_cast<std::size_t>(c.y) * graph_width + c.x];
-}
+PathFind::Node& PathFind::nodeAt(Cell c) { return node_graph[indexOf(c)]; }
+
+const PathFind::Node& PathFind::nodeAt(Cell c) const { return node_graph[indexOf(c)]; }
 
 // A cell must lie both in the graph and in the boundary as it is now.
 bool PathFind::insideGraph(int x, int y) const {
@@ -66,7 +76,9 @@ int PathFind::cycleOnce() {
     return 0;
   }
   const Cell current = takeBestOpenCell();
-  closed_list.push_back(current);
+  close(current);
+  expansions++;
+  last_expanded = current;
   if (current == end) {
     found = true;
   }
@@ -78,28 +90,43 @@ int PathFind::cycleOnce() {
     return 2;
   }
   expandNeighbours(current);
-  return open_list.empty() ? 0 : 1;
+  return anyOpen() ? 1 : 0;
 }
 
-// The lowest total wins; among equal totals the cell found last. With nothing
-// open yet, the search begins at the start.
+bool PathFind::Waiting::operator<(const Waiting& other) const {
+  return total != other.total ? total > other.total : discovery < other.discovery;
+}
+
 Cell PathFind::takeBestOpenCell() {
-  Cell current = start;
-  int chosen = -1;
-  float best = std::numeric_limits<float>::infinity();
-  for (int i = static_cast<int>(open_list.size()) - 1; i >= 0; i--) {
-    const float total = nodeAt(open_list[i]).total;
-    if (total < best) {
-      best = total;
-      current = open_list[i];
-      chosen = i;
+  while (!open_heap.empty()) {
+    const Waiting best = open_heap.top();
+    open_heap.pop();
+    if (state[indexOf(best.cell)] == State::OPEN && nodeAt(best.cell).total == best.total) {
+      open_count--;
+      return best.cell;
     }
   }
-  if (chosen >= 0) {
-    open_list.erase(open_list.begin() + chosen);
-  }
-  return current;
+  return start;
 }
+
+void PathFind::close(Cell c) { state[indexOf(c)] = State::CLOSED; }
+
+bool PathFind::isClosed(Cell c) const { return state[indexOf(c)] == State::CLOSED; }
+
+bool PathFind::isOpen(Cell c) const { return state[indexOf(c)] == State::OPEN; }
+
+void PathFind::discovered(Cell c) {
+  state[indexOf(c)] = State::OPEN;
+  discovery[indexOf(c)] = discoveries++;
+  open_count++;
+  open_heap.push(Waiting{nodeAt(c).total, discovery[indexOf(c)], c});
+}
+
+void PathFind::reached(Cell c) {
+  open_heap.push(Waiting{nodeAt(c).total, discovery[indexOf(c)], c});
+}
+
+bool PathFind::anyOpen() const { return open_count > 0; }
 
 bool PathFind::touchesTarget(Cell c) const {
   const Box here = getWorldBox(object, Vector(static_cast<float>(c.x), static_cast<float>(c.y)));
@@ -114,40 +141,41 @@ void PathFind::expandNeighbours(Cell current) {
   for (int dy = -1; dy <= 1; dy++) {
     for (int dx = -1; dx <= 1; dx++) {
       const Cell next{current.x + dx, current.y + dy};
-      if ((dx == 0 && dy == 0) || !insideGraph(next.x, next.y) || inClosedList(next) ||
-          isBlocked(object, next.x, next.y, end) || cutsACorner(current, dx, dy)) {
+      if ((dx == 0 && dy == 0) || !insideGraph(next.x, next.y) || isClosed(next) ||
+          blockedAt(next.x, next.y) || cutsACorner(current, dx, dy)) {
         continue;
       }
       const float cost = straightLine(dx, dy) + current_cost;
       Node& node = nodeAt(next);
-      if (openListIndex(next) >= 0) {
-        // A way of equal cost replaces the old one.
-        if (cost > node.cost) {
-          continue;
-        }
-      } else {
-        open_list.push_back(next);
+      const bool open = isOpen(next);
+      // A way of equal cost replaces the old one.
+      if (open && cost > node.cost) {
+        continue;
       }
       node.parent = current;
       node.cost = cost;
       node.total = cost + straightLine(next.x - end.x, next.y - end.y);
+      if (open) {
+        reached(next);
+      } else {
+        discovered(next);
+      }
     }
   }
 }
 
 // A diagonal step may pass one blocked corner, but not squeeze between two.
-bool PathFind::cutsACorner(Cell current, int dx, int dy) const {
-  return dx != 0 && dy != 0 && isBlocked(object, current.x + dx, current.y, end) &&
-         isBlocked(object, current.x, current.y + dy, end);
+bool PathFind::cutsACorner(Cell current, int dx, int dy) {
+  return dx != 0 && dy != 0 && blockedAt(current.x + dx, current.y) &&
+         blockedAt(current.x, current.y + dy);
 }
 
-bool PathFind::inClosedList(Cell c) const {
-  return std::find(closed_list.begin(), closed_list.end(), c) != closed_list.end();
-}
-
-int PathFind::openListIndex(Cell c) const {
-  const auto at = std::find(open_list.begin(), open_list.end(), c);
-  return at == open_list.end() ? -1 : static_cast<int>(at - open_list.begin());
+bool PathFind::blockedAt(int x, int y) {
+  Blocked& known = blocked[indexOf(Cell{x, y})];
+  if (known == Blocked::UNKNOWN) {
+    known = isBlocked(object, x, y, end) ? Blocked::YES : Blocked::NO;
+  }
+  return known == Blocked::YES;
 }
 
 bool PathFind::isBlocked(const Object* o, int x, int y, Cell end_cell) const {
@@ -180,6 +208,14 @@ Path PathFind::getPath() const {
 
 Object* PathFind::getObject() const { return object; }
 
-int PathFind::getExpansions() const { return static_cast<int>(closed_list.size()); }
+int PathFind::getExpansions() const { return expansions; }
+
+Cell PathFind::getLastExpanded() const { return last_expanded; }
+
+Cell PathFind::getStart() const { return start; }
+
+Cell PathFind::getEnd() const { return end; }
+
+float PathFind::totalOf(Cell c) const { return nodeAt(c).total; }
 
 }  // namespace mv

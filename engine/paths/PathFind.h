@@ -1,9 +1,13 @@
 // One search for a way across the world for one object, cut into single
 // expansions so that it never holds up a frame: the path manager runs them in
 // whatever time a frame has left. The graph has a node for every whole
-// position of the world; HARD objects block, all else does not.
+// position of the world; HARD objects block, all else does not. The cells
+// found and not yet expanded wait in a heap, and each cell knows whether it
+// is open or closed, so an expansion costs little more than its collision
+// questions.
 #pragma once
 
+#include <queue>
 #include <vector>
 
 #include "Cell.h"
@@ -20,6 +24,7 @@ class PathFind {
   // nearest whole cell. With a `target`, the search ends as soon as the
   // object would touch it. The graph is sized to the world's boundary now.
   PathFind(Object* object, Vector goal, Object* target = nullptr);
+  virtual ~PathFind();
 
   // One expansion: 0 when no path exists or the graph is missing, 1 while
   // searching, 2 when found.
@@ -34,6 +39,29 @@ class PathFind {
   Object* getObject() const;
   // How many cells have been expanded so far.
   int getExpansions() const;
+  // The cell the last expansion took.
+  Cell getLastExpanded() const;
+
+ protected:
+  // The lowest total and, among equal totals, the cell found last is taken
+  // out of the open cells; the start when none is open.
+  virtual Cell takeBestOpenCell();
+  virtual void close(Cell c);
+  virtual bool isClosed(Cell c) const;
+  virtual bool isOpen(Cell c) const;
+  // A cell seen for the first time, its node already set.
+  virtual void discovered(Cell c);
+  // An open cell reached again at no greater cost, its node already set.
+  virtual void reached(Cell c);
+  virtual bool anyOpen() const;
+  // Whether the searching object can't stand on (x, y): asked of the world
+  // once a cell, as the world is taken to hold still during a search.
+  virtual bool blockedAt(int x, int y);
+
+  // What the way through `c` is reckoned to cost in all.
+  float totalOf(Cell c) const;
+  Cell getStart() const;
+  Cell getEnd() const;
 
  private:
   struct Node {
@@ -41,17 +69,24 @@ class PathFind {
     float total = 0;
     Cell parent{0, 0};
   };
+  // Where a cell waits in the heap: its total when it went in, and when it
+  // was first found.
+  struct Waiting {
+    float total;
+    int discovery;
+    Cell cell;
+    // Ranks below: a greater total, or an equal total found earlier.
+    bool operator<(const Waiting& other) const;
+  };
+  enum class State : unsigned char { UNSEEN, OPEN, CLOSED };
 
   Node& nodeAt(Cell c);
   const Node& nodeAt(Cell c) const;
+  std::size_t indexOf(Cell c) const;
   bool insideGraph(int x, int y) const;
-  Cell takeBestOpenCell();
   bool touchesTarget(Cell c) const;
   void expandNeighbours(Cell current);
-  bool cutsACorner(Cell current, int dx, int dy) const;
-  bool inClosedList(Cell c) const;
-  // Where `c` stands in the open list; -1 if it is not there.
-  int openListIndex(Cell c) const;
+  bool cutsACorner(Cell current, int dx, int dy);
 
   Object* object;
   Object* target;
@@ -62,10 +97,17 @@ class PathFind {
   std::vector<Node> node_graph;
   int graph_width;
   int graph_height;
-  // Found and not yet expanded, in order of discovery.
-  std::vector<Cell> open_list;
-  // Expanded; never reopened.
-  std::vector<Cell> closed_list;
+  std::vector<State> state;
+  enum class Blocked : unsigned char { UNKNOWN, NO, YES };
+  std::vector<Blocked> blocked;
+  std::vector<int> discovery;
+  int discoveries;
+  int open_count;
+  // Holds stale entries too, for cells since closed or reached more cheaply;
+  // they are passed over when they come up.
+  std::priority_queue<Waiting> open_heap;
+  int expansions;
+  Cell last_expanded;
   bool found;
 };
 

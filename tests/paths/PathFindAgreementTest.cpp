@@ -1,0 +1,69 @@
+// The engine's search against the plain one it was made from: in a world that
+// holds still they must expand the same cells in the same order and find the
+// same path, whatever the obstacles.
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <random>
+
+#include "PathFind.h"
+#include "RecordingObject.h"
+#include "ReferencePathFind.h"
+#include "WorldManager.h"
+#include "WorldTest.h"
+#include "blockedWorld.h"
+
+namespace {
+
+using mv::Cell;
+using mv::Vector;
+
+class PathFindAgreementTest : public mv_test::WorldTest {};
+
+// Steps both searches in lockstep and answers how many expansions they agreed on.
+int expectSameExpansions(mv::PathFind& fast, mv::ReferencePathFind& reference) {
+  for (int expansion = 0;; expansion++) {
+    const int fast_result = fast.cycleOnce();
+    const int reference_result = reference.cycleOnce();
+    EXPECT_EQ(fast_result, reference_result) << "expansion " << expansion;
+    EXPECT_EQ(fast.getLastExpanded(), reference.getLastExpanded()) << "expansion " << expansion;
+    if (fast_result != 1 || reference_result != 1 ||
+        !(fast.getLastExpanded() == reference.getLastExpanded())) {
+      EXPECT_EQ(fast.getPath().getNodes(), reference.getPath().getNodes());
+      return expansion;
+    }
+  }
+}
+
+TEST_F(PathFindAgreementTest, TheEngineSearchesExactlyAsThePlainSearch) {
+  std::mt19937 random(20261123);
+  std::uniform_int_distribution<int> side(4, 30);
+  std::uniform_real_distribution<double> share(0.0, 0.45);
+  int expansions = 0;
+  for (int world = 0; world < 300; world++) {
+    SCOPED_TRACE(testing::Message() << "world " << world);
+    mv::WorldManager::getInstance().shutDown();
+    mv::WorldManager::getInstance().startUp();
+    const int width = side(random);
+    const int height = side(random);
+    const Cell from{0, static_cast<int>(random() % height)};
+    const Cell to{width - 1, static_cast<int>(random() % height)};
+    mv_scenes::buildBlockedWorld(width, height, share(random), random(), {from, to});
+    // SOFT objects never block; a HARD target ends the search where it is touched.
+    new mv_test::RecordingObject("soft", Vector(width / 2.0f, height / 2.0f), mv::SOFT);
+    auto* walker = new mv_test::RecordingObject(
+        "walker", Vector(static_cast<float>(from.x), static_cast<float>(from.y)), mv::SOFT);
+    mv::Object* target = nullptr;
+    if (world % 3 == 0) {
+      target = new mv_test::RecordingObject(
+          "target", Vector(static_cast<float>(to.x), static_cast<float>(to.y)), mv::HARD);
+    }
+    const Vector goal(static_cast<float>(to.x), static_cast<float>(to.y));
+    mv::PathFind fast(walker, goal, target);
+    mv::ReferencePathFind reference(walker, goal, target);
+    expansions += expectSameExpansions(fast, reference);
+  }
+  EXPECT_GT(expansions, 10000) << "the worlds should make the searches work";
+}
+
+}  // namespace
