@@ -7,6 +7,7 @@
 #include "LogManager.h"
 #include "Object.h"
 #include "ObjectList.h"
+#include "SceneGraph.h"
 #include "WorldManager.h"
 #include "geometry.h"
 
@@ -31,6 +32,7 @@ PathFind::PathFind(Object* object, Vector goal, Object* target)
       target(target),
       start(nearestCell(object->getPosition())),
       end(nearestCell(goal)),
+      swept(false),
       discoveries(0),
       open_count(0),
       expansions(0),
@@ -42,7 +44,7 @@ PathFind::PathFind(Object* object, Vector goal, Object* target)
   const std::size_t cells = static_cast<std::size_t>(graph_width) * graph_height;
   node_graph.resize(cells);
   state.resize(cells, State::UNSEEN);
-  blocked.resize(cells, Blocked::UNKNOWN);
+  blocked.resize(cells, Blocked::NO);
   discovery.resize(cells, 0);
 }
 
@@ -171,11 +173,55 @@ bool PathFind::cutsACorner(Cell current, int dx, int dy) {
 }
 
 bool PathFind::blockedAt(int x, int y) {
+  if (!swept) {
+    sweepHardObjects();
+  }
   Blocked& known = blocked[indexOf(Cell{x, y})];
-  if (known == Blocked::UNKNOWN) {
+  if (known == Blocked::ASK) {
     known = isBlocked(object, x, y, end) ? Blocked::YES : Blocked::NO;
   }
   return known == Blocked::YES;
+}
+
+void PathFind::sweepHardObjects() {
+  swept = true;
+  const ObjectList solid = WorldManager::getInstance().getSceneGraph().solidObjects();
+  for (int i = 0; i < solid.getCount(); i++) {
+    if (solid[i] != object && solid[i]->getSolidness() == HARD) {
+      markCellsMet(solid[i]);
+    }
+  }
+}
+
+// The cells at which the searching object's box meets `hard`'s, by the same
+// test the world's collisions use, looked for in the span the boxes allow.
+void PathFind::markCellsMet(const Object* hard) {
+  const Box theirs = getWorldBox(hard);
+  const Box mine = object->getBox();
+  const float left = theirs.getCorner().getX() - mine.getCorner().getX();
+  const float top = theirs.getCorner().getY() - mine.getCorner().getY();
+  const int x_from = std::max(0, static_cast<int>(std::floor(left - mine.getHorizontal())) - 1);
+  const int x_to =
+      std::min(graph_width - 1, static_cast<int>(std::ceil(left + theirs.getHorizontal())) + 1);
+  const int y_from = std::max(0, static_cast<int>(std::floor(top - mine.getVertical())) - 1);
+  const int y_to =
+      std::min(graph_height - 1, static_cast<int>(std::ceil(top + theirs.getVertical())) + 1);
+  const bool holds_end =
+      boxContainsPosition(theirs, Vector(static_cast<float>(end.x), static_cast<float>(end.y)));
+  for (int y = y_from; y <= y_to; y++) {
+    for (int x = x_from; x <= x_to; x++) {
+      const Box there = getWorldBox(object, Vector(static_cast<float>(x), static_cast<float>(y)));
+      if (!boxIntersectsBox(there, theirs)) {
+        continue;
+      }
+      Blocked& cell = blocked[indexOf(Cell{x, y})];
+      if (holds_end) {
+        cell = Blocked::ASK;
+      } else if (cell == Blocked::NO) {
+        cell = Blocked::YES;
+      }
+    }
+  }
 }
 
 bool PathFind::isBlocked(const Object* o, int x, int y, Cell end_cell) const {

@@ -2,9 +2,9 @@
 // expansions so that it never holds up a frame: the path manager runs them in
 // whatever time a frame has left. The graph has a node for every whole
 // position of the world; HARD objects block, all else does not. The cells
-// found and not yet expanded wait in a heap, and each cell knows whether it
-// is open or closed, so an expansion costs little more than its collision
-// questions.
+// found and not yet expanded wait in a heap, each cell knows whether it is
+// open or closed, and one look at the HARD objects when the search begins
+// tells which cells they block, so an expansion costs little.
 #pragma once
 
 #include <queue>
@@ -54,8 +54,8 @@ class PathFind {
   // An open cell reached again at no greater cost, its node already set.
   virtual void reached(Cell c);
   virtual bool anyOpen() const;
-  // Whether the searching object can't stand on (x, y): asked of the world
-  // once a cell, as the world is taken to hold still during a search.
+  // Whether the searching object can't stand on (x, y). The world is taken
+  // to hold still during a search: what blocks which cell is found once.
   virtual bool blockedAt(int x, int y);
 
   // What the way through `c` is reckoned to cost in all.
@@ -87,6 +87,8 @@ class PathFind {
   bool touchesTarget(Cell c) const;
   void expandNeighbours(Cell current);
   bool cutsACorner(Cell current, int dx, int dy);
+  void sweepHardObjects();
+  void markCellsMet(const Object* hard);
 
   Object* object;
   Object* target;
@@ -98,8 +100,11 @@ class PathFind {
   int graph_width;
   int graph_height;
   std::vector<State> state;
-  enum class Blocked : unsigned char { UNKNOWN, NO, YES };
+  // ASK: a HARD object that holds the end cell meets the object there, and
+  // only the world's own order of collisions tells whether it blocks.
+  enum class Blocked : unsigned char { NO, YES, ASK };
   std::vector<Blocked> blocked;
+  bool swept;
   std::vector<int> discovery;
   int discoveries;
   int open_count;
