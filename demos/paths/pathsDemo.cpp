@@ -10,6 +10,7 @@
 #include <string>
 #include <vector>
 
+#include "DemoShow.h"
 #include "DisplayManager.h"
 #include "EventKeyboard.h"
 #include "EventMouse.h"
@@ -227,36 +228,18 @@ class Walker : public mv::Object {
   HelpLine& help;
 };
 
-// Leaves by Escape, and takes the screenshot if asked.
-class Show : public mv::Object {
+// The picture is taken a third of the way along the walker's path.
+class Show : public DemoShow {
  public:
   Show(const Walker& walker, std::string screenshot_file)
-      : walker(walker), screenshot(std::move(screenshot_file)) {
-    setSolidness(mv::SPECTRAL);
-    setVisible(false);
-    registerInterest(mv::STEP_EVENT);
-    registerInterest(mv::KEYBOARD_EVENT);
-  }
-
-  int eventHandler(const mv::Event* event) override {
-    if (event->getType() == mv::KEYBOARD_EVENT) {
-      const auto* key = dynamic_cast<const mv::EventKeyboard*>(event);
-      if (key->getKey() == mv::Keyboard::ESCAPE && key->getKeyboardAction() == mv::KEY_PRESSED) {
-        mv::GameManager::getInstance().setGameOver();
-      }
-      return 1;
-    }
-    const int step = dynamic_cast<const mv::EventStep*>(event)->getStepCount();
-    if (!screenshot.empty() && (walker.isAThirdOfTheWay() || step == LAST_SCREENSHOT_STEP)) {
-      mv::DisplayManager::getInstance().saveScreenshot(screenshot);
-      mv::GameManager::getInstance().setGameOver();
-    }
-    return 1;
-  }
+      : DemoShow(std::move(screenshot_file)), walker(walker) {}
 
  private:
+  bool step(int step_count) override {
+    return walker.isAThirdOfTheWay() || step_count == LAST_SCREENSHOT_STEP;
+  }
+
   const Walker& walker;
-  std::string screenshot;
 };
 
 void buildWalls(const Maze& maze) {
@@ -281,9 +264,7 @@ void buildMazeScreen(const Maze& maze, HelpLine& help, const std::string& screen
 }  // namespace
 
 int main(int argc, char* argv[]) {
-  const std::string screenshot = argc == 3 && std::string(argv[1]) == "--screenshot"
-                                     ? std::filesystem::absolute(argv[2]).string()
-                                     : "";
+  const std::string screenshot = screenshotFileFrom(argc, argv);
   // The font and the log live in the build directory; the window's size is the demo's own.
   std::filesystem::current_path(MORVANE_FONT_DIRECTORY);
   setenv("MORVANE_CONFIG", PATHS_DEMO_CONFIG, 0);

@@ -6,6 +6,7 @@
 #include <string>
 
 #include "Button.h"
+#include "DemoShow.h"
 #include "DisplayManager.h"
 #include "EventKeyboard.h"
 #include "EventStep.h"
@@ -35,44 +36,25 @@ class BurstButton : public mv::Button {
   }
 };
 
-// Sets off each effect in turn, leaves by Escape, and takes the screenshot if asked.
-class Show : public mv::Object {
+// Sets off each effect in turn; the picture is taken as the first ones bloom.
+class Show : public DemoShow {
  public:
-  explicit Show(std::string screenshot_file) : screenshot(std::move(screenshot_file)) {
-    setSolidness(mv::SPECTRAL);
-    setVisible(false);
-    registerInterest(mv::STEP_EVENT);
-    registerInterest(mv::KEYBOARD_EVENT);
-  }
-
-  int eventHandler(const mv::Event* event) override {
-    if (event->getType() == mv::KEYBOARD_EVENT) {
-      const auto* key = dynamic_cast<const mv::EventKeyboard*>(event);
-      if (key->getKey() == mv::Keyboard::ESCAPE && key->getKeyboardAction() == mv::KEY_PRESSED) {
-        mv::GameManager::getInstance().setGameOver();
-      }
-      return 1;
-    }
-    const int step = dynamic_cast<const mv::EventStep*>(event)->getStepCount();
-    if (step % 45 == 0) {
-      setOffEffects();
-    }
-    if (!screenshot.empty() && step == 12) {
-      mv::DisplayManager::getInstance().saveScreenshot(screenshot);
-      mv::GameManager::getInstance().setGameOver();
-    }
-    return 1;
-  }
+  using DemoShow::DemoShow;
 
  private:
+  bool step(int step_count) override {
+    if (step_count % 45 == 0) {
+      setOffEffects();
+    }
+    return step_count == 12;
+  }
+
   static void setOffEffects() {
     mv::addParticles(mv::SMOKE, mv::Vector(12, 19), 2, mv::CUSTOM);
     mv::addParticles(mv::SPARKS, mv::Vector(30, 17), 3, mv::CUSTOM);
     mv::addParticles(mv::BURST, mv::Vector(50, 17), 3, mv::CYAN);
     mv::addParticles(mv::FIREWORKS, mv::Vector(68, 20), 3, mv::CUSTOM);
   }
-
-  std::string screenshot;
 };
 
 mv::ViewObject* display(const std::string& text, int value, mv::ViewObjectLocation where,
@@ -100,9 +82,7 @@ void buildWidgetScreen(const std::string& screenshot) {
 }  // namespace
 
 int main(int argc, char* argv[]) {
-  const std::string screenshot = argc == 3 && std::string(argv[1]) == "--screenshot"
-                                     ? std::filesystem::absolute(argv[2]).string()
-                                     : "";
+  const std::string screenshot = screenshotFileFrom(argc, argv);
   // The font and the log live in the build directory.
   std::filesystem::current_path(MORVANE_FONT_DIRECTORY);
 
