@@ -68,6 +68,14 @@ int Enemy::getHealth() const { return health; }
 
 Hero* Enemy::livingHero() const { return endScreenIsUp() ? nullptr : hero; }
 
+Hero* Enemy::huntedHero() {
+  Hero* hunted = livingHero();
+  if (hunted == nullptr) {
+    setVelocity(mv::Vector());
+  }
+  return hunted;
+}
+
 float Enemy::distanceTo(mv::Vector where) const {
   const double dx = where.getX() - getPosition().getX();
   const double dy = where.getY() - getPosition().getY();

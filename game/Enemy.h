@@ -32,6 +32,8 @@ class Enemy : public mv::Object {
 
   // The hero while he is alive; null when there was none or the end screen is up.
   Hero* livingHero() const;
+  // The living hero, to be hunted; without one the enemy stands still.
+  Hero* huntedHero();
   // From here to `where`, worked out in double precision.
   float distanceTo(mv::Vector where) const;
   // Sets off towards `offset` from here: half a column or a quarter of a row a step.

@@ -19,9 +19,8 @@ Gunrobot::Gunrobot(mv::Vector position, int scale)
 
 void Gunrobot::think() {
   reload.tick();
-  const Hero* hero = livingHero();
+  const Hero* hero = huntedHero();
   if (hero == nullptr) {
-    setVelocity(mv::Vector());
     return;
   }
   if (distanceTo(hero->getPosition()) < CLOSE_ENOUGH) {

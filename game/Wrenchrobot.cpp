@@ -19,9 +19,8 @@ Wrenchrobot::Wrenchrobot(mv::Vector position, int scale)
 // It moves only up and down, towards the hero's row.
 void Wrenchrobot::think() {
   reload.tick();
-  const Hero* hero = livingHero();
+  const Hero* hero = huntedHero();
   if (hero == nullptr) {
-    setVelocity(mv::Vector());
     return;
   }
   if (distanceTo(hero->getPosition()) > STAND_OFF) {

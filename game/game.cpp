@@ -52,6 +52,12 @@ std::time_t fixed_seconds = -1;
 
 }  // namespace
 
+void setGameBoundary() {
+  constexpr float WORLD_WIDTH = 200;
+  constexpr float WORLD_HEIGHT = 48;
+  mv::WorldManager::getInstance().setBoundary(mv::Box(mv::Vector(0, 0), WORLD_WIDTH, WORLD_HEIGHT));
+}
+
 void loadResources() {
   mv::ResourceManager& resources = mv::ResourceManager::getInstance();
   for (const GameFile& file : GAME_FILES) {

@@ -5,6 +5,10 @@
 #include <ctime>
 #include <string>
 
+// Gives the world the game's size: 200 by 48 cells, reaching past the
+// window's right edge, where only scenery goes.
+void setGameBoundary();
+
 // Loads every sprite, sound and track of the game, from the folders one level
 // above the working directory. A file that fails is logged and left out.
 void loadResources();

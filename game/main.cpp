@@ -4,16 +4,7 @@
 #include "GameStart.h"
 #include "LogManager.h"
 #include "Splash.h"
-#include "WorldManager.h"
 #include "game.h"
-
-namespace {
-
-// The world reaches past the right edge of the window, where only scenery goes.
-constexpr float WORLD_WIDTH = 200;
-constexpr float WORLD_HEIGHT = 48;
-
-}  // namespace
 
 int main() {
   mv::GameManager& game_manager = mv::GameManager::getInstance();
@@ -22,7 +13,7 @@ int main() {
     game_manager.shutDown();
     return 0;
   }
-  mv::WorldManager::getInstance().setBoundary(mv::Box(mv::Vector(0, 0), WORLD_WIDTH, WORLD_HEIGHT));
+  setGameBoundary();
   mv::splash();
   loadResources();
   new GameStart;

@@ -77,7 +77,7 @@ void GameTest::SetUp() {
                 "window_vertical_pixels:768,");
   ASSERT_EQ(mv::GameManager::getInstance().startUp(), 0);
   mv::LogManager::getInstance().setFlush(true);
-  world().setBoundary(mv::Box(mv::Vector(0, 0), 200, 48));
+  setGameBoundary();
   mv::InputManager::getInstance().setInputSource(&input);
   fixGameSeconds(1000);
   loadResources();

@@ -7,16 +7,7 @@
 #include "GameStart.h"
 #include "InputManager.h"
 #include "LogManager.h"
-#include "WorldManager.h"
 #include "game.h"
-
-namespace {
-
-// The world of the game reaches past the window's right edge, where only scenery goes.
-constexpr float WORLD_WIDTH = 200;
-constexpr float WORLD_HEIGHT = 48;
-
-}  // namespace
 
 std::string configWith(const std::string& settings, const std::filesystem::path& file) {
   std::ifstream in(file);
@@ -56,7 +47,7 @@ int startRustline() {
     game.shutDown();
     return -1;
   }
-  mv::WorldManager::getInstance().setBoundary(mv::Box(mv::Vector(0, 0), WORLD_WIDTH, WORLD_HEIGHT));
+  setGameBoundary();
   loadResources();
   new GameStart;
   return 0;
