@@ -13,6 +13,7 @@
 #include "FramePacer.h"
 #include "InputManager.h"
 #include "LogManager.h"
+#include "NetworkManager.h"
 #include "PathManager.h"
 #include "ResourceManager.h"
 #include "WorldManager.h"
@@ -69,6 +70,14 @@ int GameManager::startUp() {
     return -1;
   }
   log().writeLog(1, "Input manager started.");
+
+  if (Config::getInstance().getNetworking()) {
+    if (NetworkManager::getInstance().startUp() != 0) {
+      log().writeLog("GameManager::startUp(): Error! Starting network manager.");
+      return -1;
+    }
+    log().writeLog(1, "Network manager started.");
+  }
 
   if (ResourceManager::getInstance().startUp() != 0) {
     log().writeLog("GameManager::startUp(): Error! Starting resource manager.");
@@ -143,6 +152,9 @@ void GameManager::shutDown() {
   stopIfStarted(PathManager::getInstance(), "Path manager stopped");
   stopIfStarted(WorldManager::getInstance(), "World manager stopped");
   stopIfStarted(ResourceManager::getInstance(), "Resource manager stopped");
+  if (Config::getInstance().getNetworking()) {
+    stopIfStarted(NetworkManager::getInstance(), "Network manager stopped");
+  }
   stopIfStarted(InputManager::getInstance(), "Input manager stopped");
   stopIfStarted(DisplayManager::getInstance(), "Display manager stopped");
   log().writeLog("%s", STARS);
@@ -174,6 +186,9 @@ void GameManager::run() {
     InputManager::getInstance().getInput();
     WorldManager::getInstance().update();
     WorldManager::getInstance().draw();
+    if (Config::getInstance().getNetworking()) {
+      pollNetwork();
+    }
     PathManager::getInstance().cycle(pacer.pathBudget(clock.split()));
 
     const int split = clock.split();
@@ -189,6 +204,21 @@ void GameManager::run() {
     step_count++;
   } while (!game_over);
   log().writeLog(1, "GameManager::run(): end of game loop");
+}
+
+// New connections first, then what came in, whose handlers may queue answers
+// that are sent in the same frame.
+void GameManager::pollNetwork() const {
+  NetworkManager& network = NetworkManager::getInstance();
+  if (network.isServer()) {
+    network.accept();
+  }
+  if (network.isConnected(-1)) {
+    network.receive();
+  }
+  if (network.isConnected(-1)) {
+    network.flushDelayed();
+  }
 }
 
 bool GameManager::isValid(std::string event_type) const { return event_type == "mv-step"; }

@@ -37,6 +37,7 @@ class GameManager : public Manager {
   void giveTheWorldTheDisplaysSize() const;
   void writeWorkingDirectory() const;
   void seedRandomGenerator() const;
+  void pollNetwork() const;
   void stopIfStarted(Manager& manager, const char* stopped_line);
 
   bool game_over;

@@ -12,7 +12,7 @@ bool isNetworkEvent(const std::string& label) {
          std::end(NETWORK_EVENTS);
 }
 
-EventNetwork::EventNetwork(int new_network_type) : network_type(-1), socket(-1), bytes(0) {
+EventNetwork::EventNetwork(int new_network_type) : network_type(-1), socket(-1), bytes(0), message(nullptr) {
   setType(NETWORK_EVENT);
   if (new_network_type < -1 || new_network_type > 3) {
     LogManager::getInstance().writeLog("EventNetwork::setLabel(): Undefined type (%d).",
@@ -28,5 +28,7 @@ void EventNetwork::setSocket(int new_socket) { socket = new_socket; }
 int EventNetwork::getSocket() const { return socket; }
 void EventNetwork::setBytes(int new_bytes) { bytes = new_bytes; }
 int EventNetwork::getBytes() const { return bytes; }
+void EventNetwork::setMessage(const char* new_message) { message = new_message; }
+const char* EventNetwork::getMessage() const { return message; }
 
 }  // namespace mv

@@ -20,7 +20,7 @@ bool isNetworkEvent(const std::string& label);
 
 class EventNetwork : public Event {
  public:
-  // `network_type`: -1 undefined, 0 accept, 2 close; 1 and 3 have no role yet.
+  // `network_type`: -1 undefined, 0 accept, 1 connect, 2 close, 3 a message received.
   // Anything else is logged and stored as -1.
   explicit EventNetwork(int network_type = -1);
 
@@ -30,11 +30,16 @@ class EventNetwork : public Event {
   int getSocket() const;
   void setBytes(int new_bytes);
   int getBytes() const;
+  // The bytes of a message received, `bytes` long; null for events that carry
+  // none. They belong to whoever raised the event and last as long as the dispatch.
+  void setMessage(const char* new_message);
+  const char* getMessage() const;
 
  private:
   int network_type;
   int socket;
   int bytes;
+  const char* message;
 };
 
 }  // namespace mv

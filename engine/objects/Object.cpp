@@ -6,11 +6,13 @@
 #include "Attribute.h"
 #include "EventKeyboard.h"
 #include "EventMouse.h"
+#include "EventNetwork.h"
 #include "EventPath.h"
 #include "EventStep.h"
 #include "GameManager.h"
 #include "InputManager.h"
 #include "LogManager.h"
+#include "NetworkManager.h"
 #include "PathFind.h"
 #include "PathManager.h"
 #include "ResourceManager.h"
@@ -37,6 +39,9 @@ Manager& managerFor(const std::string& event_type) {
   }
   if (event_type == KEYBOARD_EVENT || event_type == MOUSE_EVENT) {
     return InputManager::getInstance();
+  }
+  if (isNetworkEvent(event_type)) {
+    return NetworkManager::getInstance();
   }
   return WorldManager::getInstance();
 }

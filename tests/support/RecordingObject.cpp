@@ -3,6 +3,7 @@
 #include "EventCollision.h"
 #include "EventKeyboard.h"
 #include "EventMouse.h"
+#include "EventNetwork.h"
 
 namespace mv_test {
 
@@ -10,7 +11,7 @@ std::vector<std::string> dispatch_log;
 
 namespace {
 
-// "key 36 pressed", "mouse clicked 0 at (50,12)" and the like.
+// "key 36 pressed", "mouse clicked 0 at (50,12)", "mv-network-sync 'hello'" and the like.
 std::string describe(const mv::Event* event) {
   if (const auto* key = dynamic_cast<const mv::EventKeyboard*>(event)) {
     static const char* const actions[] = {"pressed", "released", "down"};
@@ -24,6 +25,11 @@ std::string describe(const mv::Event* event) {
     return std::string("mouse ") + (action >= 0 && action <= 2 ? actions[action] : "undefined") +
            " " + std::to_string(mouse->getMouseButton()) + " at " +
            mouse->getMousePosition().toString();
+  }
+  const auto* network = dynamic_cast<const mv::EventNetwork*>(event);
+  if (network != nullptr && network->getMessage() != nullptr) {
+    return event->getType() + " '" +
+           std::string(network->getMessage(), static_cast<std::size_t>(network->getBytes())) + "'";
   }
   return event->getType();
 }

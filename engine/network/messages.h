@@ -1,0 +1,40 @@
+// How messages travel between peers. Each is a frame: the length of its body
+// in 4 bytes, least significant first, then the body: one byte that names
+// the message's label, then the payload. The receiver raises the event of
+// that label. Only these labels travel; accept, connect and close are told by
+// each side's own network manager, so no peer can fake them.
+#pragma once
+
+#include <cstddef>
+#include <string>
+
+#include "EventNetwork.h"
+
+namespace mv {
+
+constexpr std::size_t MESSAGE_HEADER_BYTES = 4;
+
+// The largest body a peer may send or announce: the label's byte and the
+// payload. A frame that claims more is taken as hostile.
+constexpr std::size_t MAX_MESSAGE_BODY = 1 << 20;
+
+// The labels a message may carry, in the order of their codes on the wire.
+inline const std::string MESSAGE_LABELS[] = {
+    NETWORK_EVENT,       "mv-network-create", "mv-network-sync",  "mv-network-delete",
+    "mv-network-game-over", "mv-keyboard-network", "mv-mouse-network", "mv-custom-network",
+};
+
+// A message as the receiver hands it on: the event's label and the payload.
+struct Message {
+  std::string label;
+  std::string payload;
+};
+
+// The code of a label on the wire; -1 if messages can't carry it.
+int messageLabelCode(const std::string& label);
+
+// The frame of a message; empty if the label can't travel or the payload is
+// too large for the receiver to take.
+std::string frameMessage(const std::string& label, const std::string& payload);
+
+}  // namespace mv

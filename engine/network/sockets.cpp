@@ -1,0 +1,127 @@
+#include "sockets.h"
+
+#include <arpa/inet.h>
+#include <fcntl.h>
+#include <netdb.h>
+#include <netinet/in.h>
+#include <sys/socket.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdint>
+#include <cstring>
+
+namespace mv {
+namespace sockets {
+
+namespace {
+
+// An error found by our own checks rather than by a system call.
+int failWith(int error) {
+  errno = error;
+  return -1;
+}
+
+int makeNonBlocking(int socket) {
+  const int flags = fcntl(socket, F_GETFL, 0);
+  if (flags == -1 || fcntl(socket, F_SETFL, flags | O_NONBLOCK) == -1) {
+    const int error = errno;
+    ::close(socket);
+    return failWith(error);
+  }
+  return socket;
+}
+
+// Closes the socket but keeps the error that made us give it up.
+int giveUp(int socket) {
+  const int error = errno;
+  ::close(socket);
+  return failWith(error);
+}
+
+}  // namespace
+
+int listenOn(const std::string& address, int port, int backlog) {
+  sockaddr_in where{};
+  where.sin_family = AF_INET;
+  where.sin_port = htons(static_cast<std::uint16_t>(port));
+  if (port < 0 || port > 65535 || inet_pton(AF_INET, address.c_str(), &where.sin_addr) != 1) {
+    return failWith(EINVAL);
+  }
+  const int listener = ::socket(AF_INET, SOCK_STREAM | SOCK_NONBLOCK | SOCK_CLOEXEC, 0);
+  if (listener == -1) {
+    return -1;
+  }
+  // A server restarted at once takes its port back while the old connections linger.
+  const int reuse = 1;
+  if (setsockopt(listener, SOL_SOCKET, SO_REUSEADDR, &reuse, sizeof reuse) == -1 ||
+      bind(listener, reinterpret_cast<sockaddr*>(&where), sizeof where) == -1 ||
+      ::listen(listener, backlog) == -1) {
+    return giveUp(listener);
+  }
+  return listener;
+}
+
+int acceptConnection(int listener) {
+  // Room for exactly an IPv4 address, the only kind the listener takes.
+  sockaddr_in peer{};
+  socklen_t size = sizeof peer;
+  return accept4(listener, reinterpret_cast<sockaddr*>(&peer), &size,
+                 SOCK_NONBLOCK | SOCK_CLOEXEC);
+}
+
+int connectTo(const std::string& host, int port) {
+  if (port <= 0 || port > 65535) {
+    return failWith(EINVAL);
+  }
+  addrinfo hints{};
+  hints.ai_family = AF_INET;
+  hints.ai_socktype = SOCK_STREAM;
+  addrinfo* found = nullptr;
+  if (getaddrinfo(host.c_str(), std::to_string(port).c_str(), &hints, &found) != 0) {
+    return failWith(EHOSTUNREACH);
+  }
+  const int socket = ::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
+  if (socket == -1) {
+    freeaddrinfo(found);
+    return -1;
+  }
+  const int connected = ::connect(socket, found->ai_addr, found->ai_addrlen);
+  freeaddrinfo(found);
+  if (connected == -1) {
+    return giveUp(socket);
+  }
+  return makeNonBlocking(socket);
+}
+
+int localPort(int socket) {
+  sockaddr_in where{};
+  socklen_t size = sizeof where;
+  if (getsockname(socket, reinterpret_cast<sockaddr*>(&where), &size) == -1) {
+    return -1;
+  }
+  return ntohs(where.sin_port);
+}
+
+long sendSome(int socket, const void* buffer, std::size_t bytes) {
+  return ::send(socket, buffer, bytes, MSG_NOSIGNAL);
+}
+
+long receiveSome(int socket, void* buffer, std::size_t capacity) {
+  return ::recv(socket, buffer, capacity, 0);
+}
+
+int closeSocket(int socket) { return ::close(socket); }
+
+int lastError() { return errno; }
+
+bool wouldBlock(int error) { return error == EWOULDBLOCK || error == EAGAIN; }
+
+bool isClosedConnection(int error) {
+  return error == ENOTCONN || error == EBADF || error == EPIPE || error == ECONNRESET;
+}
+
+std::string errorText(int error) { return std::strerror(error); }
+
+}  // namespace sockets
+}  // namespace mv

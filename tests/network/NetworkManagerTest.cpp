@@ -1,0 +1,339 @@
+#include "NetworkManager.h"
+
+#include <gtest/gtest.h>
+#include <sys/socket.h>
+
+#include <filesystem>
+#include <functional>
+#include <vector>
+
+#include "EventNetwork.h"
+#include "EventStep.h"
+#include "GameManager.h"
+#include "LogManager.h"
+#include "RecordingObject.h"
+#include "ScratchDirectory.h"
+#include "WorldTest.h"
+#include "logLines.h"
+#include "platform.h"
+#include "sockets.h"
+
+namespace {
+
+using mv::NetworkManager;
+
+NetworkManager& network() { return NetworkManager::getInstance(); }
+
+bool logged(const std::string& message) {
+  return mv_test::hasMessage(mv_test::readFile("morvane.log"), message);
+}
+
+bool logHas(const std::string& part) {
+  return mv_test::readFile("morvane.log").find(part) != std::string::npos;
+}
+
+// Waits up to two seconds for `done`, letting the manager read once a millisecond.
+bool pollUntil(const std::function<bool()>& done) {
+  for (int i = 0; i < 2000 && !done(); i++) {
+    network().receive();
+    mv::platform::sleepMilliseconds(1);
+  }
+  return done();
+}
+
+// The next connection waiting, given two seconds to arrive; -1 if none came.
+int acceptOne() {
+  int socket = -1;
+  for (int i = 0; i < 2000 && socket < 0; i++) {
+    socket = network().accept();
+    mv::platform::sleepMilliseconds(socket < 0 ? 1 : 0);
+  }
+  return socket;
+}
+
+// A peer of our own over loopback, speaking raw bytes.
+int connectPeer() { return mv::sockets::connectTo(mv::LOOPBACK_ADDRESS, network().getPort()); }
+
+void sendRaw(int peer, const std::string& bytes) {
+  ASSERT_EQ(mv::sockets::sendSome(peer, bytes.data(), bytes.size()),
+            static_cast<long>(bytes.size()));
+}
+
+// What the peer has been sent, once `bytes` of it are there or two seconds pass.
+std::string readFromPeer(int peer, std::size_t bytes) {
+  std::string got;
+  char chunk[4096];
+  for (int i = 0; i < 2000 && got.size() < bytes; i++) {
+    const long n = mv::sockets::receiveSome(peer, chunk, sizeof chunk);
+    if (n > 0) {
+      got.append(chunk, static_cast<std::size_t>(n));
+    }
+    mv::platform::sleepMilliseconds(n > 0 ? 0 : 1);
+  }
+  return got;
+}
+
+// Whether our side closed the peer's connection: its reads come to the end.
+bool peerSeesClose(int peer) {
+  char chunk[4096];
+  for (int i = 0; i < 2000; i++) {
+    const long n = mv::sockets::receiveSome(peer, chunk, sizeof chunk);
+    if (n == 0) {
+      return true;
+    }
+    mv::platform::sleepMilliseconds(n > 0 ? 0 : 1);
+  }
+  return false;
+}
+
+std::size_t openDescriptors() {
+  const std::filesystem::directory_iterator fds("/proc/self/fd");
+  return static_cast<std::size_t>(std::distance(fds, std::filesystem::directory_iterator()));
+}
+
+// A started log and network manager in a world of their own, with an object
+// that wants every network label.
+class NetworkTest : public mv_test::WorldTest {
+ protected:
+  void SetUp() override {
+    WorldTest::SetUp();
+    mv::LogManager::getInstance().startUp();
+    mv::LogManager::getInstance().setFlush(true);
+    ASSERT_EQ(network().startUp(), 0);
+    listener = new mv_test::RecordingObject("listener");
+    for (const std::string& label : mv::NETWORK_EVENTS) {
+      ASSERT_EQ(listener->registerInterest(label), 0) << label;
+    }
+  }
+
+  void TearDown() override {
+    network().shutDown();
+    mv::LogManager::getInstance().shutDown();
+    WorldTest::TearDown();
+  }
+
+  // Listens on a port of the system's choosing.
+  void serve() { ASSERT_EQ(network().startServer(0), 0); }
+
+  mv_test::RecordingObject* listener = nullptr;
+};
+
+TEST_F(NetworkTest, RefusesWhatItCannotDoAndSaysSo) {
+  EXPECT_FALSE(network().isServer());
+  EXPECT_EQ(network().accept(), -2);
+  EXPECT_TRUE(logged("NetworkManager::accept(): Error! Not setup as server."));
+
+  const char byte = 'x';
+  EXPECT_EQ(network().send(&byte, 1, 42), -1);
+  EXPECT_TRUE(logged("NetworkManager::send(): Error! Socket 42 not connected. Unable to send."));
+  EXPECT_EQ(network().close(42), -1);
+  EXPECT_TRUE(logged("NetworkManager::close(): Error! Socket 42 not found."));
+  EXPECT_EQ(network().queueMessage(mv::NETWORK_EVENT, "x", 42, 0), -1);
+  EXPECT_EQ(network().close(-1), 0) << "nothing to close is no failure";
+
+  EXPECT_FALSE(network().isValid("mv-step"));
+  EXPECT_TRUE(logged("NetworkManager::isValid(): Error! NetworkManager does not handle mv-step."));
+  EXPECT_EQ(listener->unregisterInterest("mv-network-accept"), 0)
+      << "the interest leaves the manager that took it";
+
+  serve();
+  EXPECT_EQ(network().startServer(0), -1) << "one listening socket at a time";
+  EXPECT_EQ(network().connect(mv::LOOPBACK_ADDRESS, 0), -1);
+  EXPECT_TRUE(logHas("NetworkManager::connect(): Error! connect() to 127.0.0.1 port 0"));
+  EXPECT_TRUE(listener->received.empty());
+}
+
+TEST_F(NetworkTest, TakesNoMoreThanTheLimitAndTheNextWaitsForAPlace) {
+  serve();
+  mv::LogManager::getInstance().setLogLevel(20);
+  std::vector<int> peers;
+  std::vector<int> accepted;
+  for (int i = 0; i < 4; i++) {
+    peers.push_back(connectPeer());
+  }
+  for (int i = 0; i < 3; i++) {
+    accepted.push_back(acceptOne());
+  }
+  EXPECT_EQ(network().accept(), -1) << "the fourth waits";
+  EXPECT_TRUE(logged("NetworkManager::accept(): Won't check for new connetions since at max."));
+  EXPECT_EQ(network().getConnections(), accepted);
+
+  sendRaw(peers[3], mv::frameMessage("mv-network-sync", "early"));
+  ASSERT_EQ(network().close(accepted[0]), 0);
+  EXPECT_GE(acceptOne(), 0) << "a freed place takes the one waiting";
+  ASSERT_TRUE(pollUntil([&] { return listener->received.size() == 6; }));
+  EXPECT_EQ(listener->received.back(), "mv-network-sync 'early'")
+      << "what it sent while waiting is not lost";
+
+  listener->received.clear();
+  ASSERT_EQ(network().close(-1), 0);
+  EXPECT_EQ(listener->received, std::vector<std::string>(3, "mv-network-close"));
+  EXPECT_FALSE(network().isConnected(-1));
+  for (int peer : peers) {
+    EXPECT_TRUE(peerSeesClose(peer));
+    mv::sockets::closeSocket(peer);
+  }
+}
+
+TEST_F(NetworkTest, ConnectsAsAClientAndMessagesGoBothWays) {
+  serve();
+  std::vector<int> sockets_seen;
+  listener->on_event = [&](const mv::Event* event) {
+    sockets_seen.push_back(static_cast<const mv::EventNetwork*>(event)->getSocket());
+  };
+  const int client = network().connect(mv::LOOPBACK_ADDRESS, network().getPort());
+  ASSERT_GE(client, 0);
+  const int server_side = acceptOne();
+  ASSERT_GE(server_side, 0);
+
+  EXPECT_EQ(network().sendMessage("mv-network-sync", "ping", client), 0);
+  EXPECT_EQ(network().sendMessage("mv-custom-network", std::string("p\0ng", 4), server_side), 0);
+  ASSERT_TRUE(pollUntil([&] { return listener->received.size() == 4; }));
+  EXPECT_EQ(network().sendMessage("mv-network-accept", "fake", client), -1)
+      << "a peer can't pretend to be a connection";
+
+  ASSERT_EQ(network().close(client), 0);
+  ASSERT_TRUE(pollUntil([&] { return !network().isConnected(-1); }));
+  const std::vector<std::string> expected = {
+      "mv-network-connect", "mv-network-accept", std::string("mv-custom-network 'p\0ng'", 24),
+      "mv-network-sync 'ping'", "mv-network-close", "mv-network-close"};
+  EXPECT_EQ(listener->received, expected) << "connections are read in the order they came";
+  EXPECT_EQ(sockets_seen,
+            (std::vector<int>{client, server_side, client, server_side, client, server_side}));
+}
+
+TEST_F(NetworkTest, APartialSendIsReportedAndTheConnectionStays) {
+  serve();
+  const int peer = connectPeer();
+  const int socket = acceptOne();
+  // Far more than the system buffers for a peer that never reads.
+  const std::vector<char> flood(64 << 20, 'x');
+  EXPECT_EQ(network().send(flood.data(), static_cast<int>(flood.size()), socket), -1);
+  EXPECT_TRUE(logHas(" of 67108864 bytes sent."));
+  EXPECT_TRUE(network().isConnected(socket));
+  mv::sockets::closeSocket(peer);
+}
+
+// Each hostile peer sends a good message, then its mischief. The good one
+// arrives; the peer is closed with a line that names it; a peer that has
+// behaved all along is undisturbed, and a newcomer, likely on the same socket
+// number, starts with a clean slate.
+TEST_F(NetworkTest, AHostilePeerIsClosedAndTakesNoOneElsesPlace) {
+  struct Hostile {
+    const char* name;
+    std::string bytes;
+    bool hangs_up;
+    std::string line;
+  };
+  const std::string half = mv::frameMessage("mv-network-sync", "0123456789").substr(0, 8);
+  const std::vector<Hostile> hostiles = {
+      {"a huge length", "\xff\xff\xff\xff" + std::string(10, 'x'), false,
+       "Error! Socket # sent a message of 4294967295 bytes, more than the limit of 1048576; "
+       "closing it."},
+      {"garbage", std::string("\x03\0\0\0\x2aok", 7), false,
+       "Error! Socket # sent a message with the unknown label code 42; closing it."},
+      {"an empty frame", std::string(4, '\0'), false,
+       "Error! Socket # sent an empty message, without even a label; closing it."},
+      {"half a message, then silence", half, false,
+       "Error! Socket # sent 8 bytes of a message and then nothing for 3 polls; closing it."},
+      {"a hang-up mid-message", half, true,
+       "Warning! Socket # closed by its peer in the middle of a message; 8 bytes of it dropped."},
+  };
+  serve();
+  network().setStallLimit(3);
+  const std::size_t descriptors_before = openDescriptors();
+  const int bystander = connectPeer();
+  const int bystander_socket = acceptOne();
+
+  for (const Hostile& hostile : hostiles) {
+    SCOPED_TRACE(hostile.name);
+    listener->received.clear();
+    const int peer = connectPeer();
+    const int socket = acceptOne();
+    sendRaw(peer, mv::frameMessage("mv-network-sync", "before") + hostile.bytes);
+    if (hostile.hangs_up) {
+      mv::sockets::closeSocket(peer);
+    }
+    ASSERT_TRUE(pollUntil([&] { return !network().isConnected(socket); }));
+    std::string line = "NetworkManager::receive(): " + hostile.line;
+    line.replace(line.find('#'), 1, std::to_string(socket));
+    EXPECT_TRUE(logged(line)) << line;
+    if (!hostile.hangs_up) {
+      EXPECT_TRUE(peerSeesClose(peer));
+      mv::sockets::closeSocket(peer);
+    }
+
+    const int newcomer = connectPeer();
+    acceptOne();
+    sendRaw(newcomer, mv::frameMessage("mv-network-sync", "after"));
+    sendRaw(bystander, mv::frameMessage("mv-network-sync", "still here"));
+    ASSERT_TRUE(pollUntil([&] { return listener->received.size() == 6; }));
+    const std::vector<std::string> expected = {
+        "mv-network-accept", "mv-network-sync 'before'", "mv-network-close",
+        "mv-network-accept", "mv-network-sync 'still here'", "mv-network-sync 'after'"};
+    EXPECT_EQ(listener->received, expected);
+    EXPECT_EQ(network().getConnections().front(), bystander_socket);
+    mv::sockets::closeSocket(newcomer);
+    ASSERT_TRUE(pollUntil([&] { return network().getConnections().size() == 1; }));
+  }
+  mv::sockets::closeSocket(bystander);
+  ASSERT_TRUE(pollUntil([&] { return !network().isConnected(-1); }));
+  EXPECT_EQ(openDescriptors(), descriptors_before) << "every socket given back";
+}
+
+// Sends one message at a step of its own choosing and a second due at once,
+// behind it, when a peer connects; leaves at step 5.
+class Sender : public mv::Object {
+ public:
+  Sender() {
+    registerInterest(mv::STEP_EVENT);
+    registerInterest(mv::NETWORK_ACCEPT_EVENT);
+    registerInterest("mv-network-sync");
+  }
+  int eventHandler(const mv::Event* event) override {
+    const auto* step = dynamic_cast<const mv::EventStep*>(event);
+    if (step != nullptr) {
+      char byte;
+      if (step->getStepCount() < 3 && peer != -1 && recv(peer, &byte, 1, MSG_PEEK | MSG_DONTWAIT) > 0) {
+        sent_early = true;
+      }
+      mv::GameManager::getInstance().setGameOver(step->getStepCount() == 5);
+      return 1;
+    }
+    const auto* network_event = static_cast<const mv::EventNetwork*>(event);
+    if (event->getType() == mv::NETWORK_ACCEPT_EVENT) {
+      network().queueMessage("mv-network-sync", "later", network_event->getSocket(), 3);
+      network().queueMessage("mv-network-sync", "now", network_event->getSocket(), 0);
+    } else {
+      heard_at = mv::GameManager::getInstance().getStepCount();
+    }
+    return 1;
+  }
+  int peer = -1;
+  bool sent_early = false;
+  int heard_at = -1;
+};
+
+TEST(NetworkManagerInTheLoop, TheLoopAcceptsReadsAndSendsWhatIsDue) {
+  mv_test::ScratchDirectory scratch;
+  scratch.write("mv-config.txt", "headless:true,frame_time:0,");
+  mv::GameManager& game = mv::GameManager::getInstance();
+  ASSERT_EQ(game.startUp(), 0);
+  ASSERT_TRUE(network().isStarted());
+  ASSERT_EQ(network().startServer(0), 0);
+  auto* sender = new Sender;
+  sender->peer = connectPeer();
+  sendRaw(sender->peer, mv::frameMessage("mv-network-sync", "hello"));
+
+  game.run();
+  EXPECT_EQ(sender->heard_at, 0);
+  EXPECT_FALSE(sender->sent_early) << "a message due later holds back the one behind it";
+  const std::string expected =
+      mv::frameMessage("mv-network-sync", "later") + mv::frameMessage("mv-network-sync", "now");
+  EXPECT_EQ(readFromPeer(sender->peer, expected.size()), expected);
+  mv::sockets::closeSocket(sender->peer);
+  game.shutDown();
+  EXPECT_FALSE(network().isServer());
+}
+
+}  // namespace
