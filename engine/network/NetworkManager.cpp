@@ -77,8 +77,7 @@ bool NetworkManager::isValid(std::string event_type) const {
 
 int NetworkManager::startServer(int port, const std::string& address) {
   if (isServer()) {
-    log().writeLog("NetworkManager::startServer(): Error! Already a server on port %d.",
-                   getPort());
+    log().writeLog("NetworkManager::startServer(): Error! Already a server on port %d.", getPort());
     return -1;
   }
   const int listener = sockets::listenOn(address, port, LISTEN_BACKLOG);
@@ -136,8 +135,8 @@ int NetworkManager::connect(const std::string& host, int port) {
   }
   const int socket = sockets::connectTo(host, port);
   if (socket == -1) {
-    log().writeLog("NetworkManager::connect(): Error! connect() to %s port %d returned:",
-                   host.c_str(), port);
+    log().writeLog(
+        "NetworkManager::connect(): Error! connect() to %s port %d returned:", host.c_str(), port);
     writeErrorText(sockets::lastError());
     return -1;
   }
@@ -297,8 +296,7 @@ std::string NetworkManager::frameOrSay(const char* caller, const std::string& la
   return frame;
 }
 
-int NetworkManager::sendMessage(const std::string& label, const std::string& payload,
-                                int socket) {
+int NetworkManager::sendMessage(const std::string& label, const std::string& payload, int socket) {
   const std::string frame = frameOrSay("sendMessage", label, payload);
   return frame.empty() ? -1 : sendFrame(frame, socket);
 }
@@ -400,8 +398,8 @@ int NetworkManager::deliverMessages(int socket, unsigned serial) {
   int delivered = 0;
   Message message;
   int index = indexOfLive(socket, serial);
-  while (index != -1 &&
-         incoming[static_cast<std::size_t>(index)].reader.next(message) == MessageReader::COMPLETE) {
+  while (index != -1 && incoming[static_cast<std::size_t>(index)].reader.next(message) ==
+                            MessageReader::COMPLETE) {
     log().writeLog(15, "NetworkManager::receive(): Socket %d. %s of %zu bytes.", socket,
                    message.label.c_str(), message.payload.size());
     EventNetwork received(MESSAGE_TYPE);

@@ -17,7 +17,6 @@ namespace mv {
 
 inline const std::string LOOPBACK_ADDRESS = "127.0.0.1";
 inline const std::string ANY_ADDRESS = "0.0.0.0";
-inline const std::string NETWORK_CONNECT_EVENT = "mv-network-connect";
 
 class NetworkManager : public Manager {
  public:

@@ -20,7 +20,7 @@ constexpr std::size_t MAX_MESSAGE_BODY = 1 << 20;
 
 // The labels a message may carry, in the order of their codes on the wire.
 inline const std::string MESSAGE_LABELS[] = {
-    NETWORK_EVENT,       "mv-network-create", "mv-network-sync",  "mv-network-delete",
+    NETWORK_EVENT,          "mv-network-create",   "mv-network-sync",  "mv-network-delete",
     "mv-network-game-over", "mv-keyboard-network", "mv-mouse-network", "mv-custom-network",
 };
 

@@ -66,8 +66,7 @@ int acceptConnection(int listener) {
   // Room for exactly an IPv4 address, the only kind the listener takes.
   sockaddr_in peer{};
   socklen_t size = sizeof peer;
-  return accept4(listener, reinterpret_cast<sockaddr*>(&peer), &size,
-                 SOCK_NONBLOCK | SOCK_CLOEXEC);
+  return accept4(listener, reinterpret_cast<sockaddr*>(&peer), &size, SOCK_NONBLOCK | SOCK_CLOEXEC);
 }
 
 int connectTo(const std::string& host, int port) {

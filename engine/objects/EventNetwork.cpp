@@ -12,7 +12,8 @@ bool isNetworkEvent(const std::string& label) {
          std::end(NETWORK_EVENTS);
 }
 
-EventNetwork::EventNetwork(int new_network_type) : network_type(-1), socket(-1), bytes(0), message(nullptr) {
+EventNetwork::EventNetwork(int new_network_type)
+    : network_type(-1), socket(-1), bytes(0), message(nullptr) {
   setType(NETWORK_EVENT);
   if (new_network_type < -1 || new_network_type > 3) {
     LogManager::getInstance().writeLog("EventNetwork::setLabel(): Undefined type (%d).",

@@ -8,12 +8,13 @@ namespace mv {
 inline const std::string NETWORK_EVENT = "mv-network";
 inline const std::string NETWORK_ACCEPT_EVENT = "mv-network-accept";
 inline const std::string NETWORK_CLOSE_EVENT = "mv-network-close";
+inline const std::string NETWORK_CONNECT_EVENT = "mv-network-connect";
 
 // Every label that belongs to the network, whether or not the engine raises it.
 inline const std::string NETWORK_EVENTS[] = {
-    NETWORK_EVENT,        "mv-keyboard-network",  "mv-mouse-network",  NETWORK_ACCEPT_EVENT,
-    "mv-network-connect", NETWORK_CLOSE_EVENT,    "mv-network-create", "mv-custom-network",
-    "mv-network-delete",  "mv-network-game-over", "mv-network-sync",
+    NETWORK_EVENT,         "mv-keyboard-network",  "mv-mouse-network",  NETWORK_ACCEPT_EVENT,
+    NETWORK_CONNECT_EVENT, NETWORK_CLOSE_EVENT,    "mv-network-create", "mv-custom-network",
+    "mv-network-delete",   "mv-network-game-over", "mv-network-sync",
 };
 
 bool isNetworkEvent(const std::string& label);

@@ -19,7 +19,9 @@ std::vector<Message> readAll(MessageReader& reader) {
 }
 
 TEST(MessageFrame, IsTheBodysLengthLeastSignificantFirstThenTheLabelsCodeThenThePayload) {
-  EXPECT_EQ(mv::frameMessage("mv-network-sync", "ab"), std::string("\x03\0\0\0\x02" "ab", 7));
+  EXPECT_EQ(mv::frameMessage("mv-network-sync", "ab"), std::string("\x03\0\0\0\x02"
+                                                                   "ab",
+                                                                   7));
   EXPECT_EQ(mv::frameMessage("mv-network", std::string(300, 'x')).substr(0, 5),
             std::string("\x2d\x01\0\0\0", 5));
   EXPECT_EQ(mv::frameMessage("mv-network-close", "x"), "") << "closes are never sent";

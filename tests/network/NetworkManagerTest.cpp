@@ -195,8 +195,8 @@ TEST_F(NetworkTest, ConnectsAsAClientAndMessagesGoBothWays) {
   ASSERT_EQ(network().close(client), 0);
   ASSERT_TRUE(pollUntil([&] { return !network().isConnected(-1); }));
   const std::vector<std::string> expected = {
-      "mv-network-connect", "mv-network-accept", std::string("mv-custom-network 'p\0ng'", 24),
-      "mv-network-sync 'ping'", "mv-network-close", "mv-network-close"};
+      "mv-network-connect",     "mv-network-accept", std::string("mv-custom-network 'p\0ng'", 24),
+      "mv-network-sync 'ping'", "mv-network-close",  "mv-network-close"};
   EXPECT_EQ(listener->received, expected) << "connections are read in the order they came";
   EXPECT_EQ(sockets_seen,
             (std::vector<int>{client, server_side, client, server_side, client, server_side}));
@@ -269,7 +269,7 @@ TEST_F(NetworkTest, AHostilePeerIsClosedAndTakesNoOneElsesPlace) {
     sendRaw(bystander, mv::frameMessage("mv-network-sync", "still here"));
     ASSERT_TRUE(pollUntil([&] { return listener->received.size() == 6; }));
     const std::vector<std::string> expected = {
-        "mv-network-accept", "mv-network-sync 'before'", "mv-network-close",
+        "mv-network-accept", "mv-network-sync 'before'",     "mv-network-close",
         "mv-network-accept", "mv-network-sync 'still here'", "mv-network-sync 'after'"};
     EXPECT_EQ(listener->received, expected);
     EXPECT_EQ(network().getConnections().front(), bystander_socket);
@@ -294,7 +294,8 @@ class Sender : public mv::Object {
     const auto* step = dynamic_cast<const mv::EventStep*>(event);
     if (step != nullptr) {
       char byte;
-      if (step->getStepCount() < 3 && peer != -1 && recv(peer, &byte, 1, MSG_PEEK | MSG_DONTWAIT) > 0) {
+      if (step->getStepCount() < 3 && peer != -1 &&
+          recv(peer, &byte, 1, MSG_PEEK | MSG_DONTWAIT) > 0) {
         sent_early = true;
       }
       mv::GameManager::getInstance().setGameOver(step->getStepCount() == 5);
