@@ -51,7 +51,7 @@ run_fuzzers() {
     return
   fi
   local name
-  for name in sprite config; do
+  for name in sprite config record; do
     run_fuzzer "$name" || failed+=("fuzz/$name")
   done
 }
