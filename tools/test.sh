@@ -51,7 +51,7 @@ run_fuzzers() {
     return
   fi
   local name
-  for name in sprite config network; do
+  for name in sprite config record network; do
     run_fuzzer "$name" || failed+=("fuzz/$name")
   done
 }

@@ -74,8 +74,6 @@ std::vector<Entry> parseEntries(const std::string& text) {
   return entries;
 }
 
-const char* toText(bool value) { return value ? "true" : "false"; }
-
 }  // namespace
 
 std::string match(std::string config, std::string key) {
@@ -236,12 +234,12 @@ void Config::logConfig() const {
   lm.writeLog(1, "  Window style: %d", window_style);
   lm.writeLog(1, "  Window state: %s", window_state == 1 ? "fullscreen" : "default");
   lm.writeLog(1, "  Window title: %s", window_title.c_str());
-  lm.writeLog(1, "  Show mouse: %s", toText(show_mouse));
-  lm.writeLog(1, "  Headless: %s", toText(headless));
+  lm.writeLog(1, "  Show mouse: %s", boolToString(show_mouse));
+  lm.writeLog(1, "  Headless: %s", boolToString(headless));
   lm.writeLog(1, "  Font file: %s", font_file.c_str());
   lm.writeLog(1, "  Log file: %s", logfile.c_str());
   lm.writeLog(1, "  Random seed: %d", random_seed);
-  lm.writeLog(1, "  Networking: %s", toText(networking));
+  lm.writeLog(1, "  Networking: %s", boolToString(networking));
   lm.writeLog(1, "  Scene graph: grid");
   lm.writeLog(1, "  Grid width: %d", grid_width);
   lm.writeLog(1, "  Grid height: %d", grid_height);

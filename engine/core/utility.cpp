@@ -87,6 +87,8 @@ int toInt(const std::string& text) {
   return static_cast<int>(std::clamp<long>(value, INT_MIN, INT_MAX));
 }
 
+const char* boolToString(bool value) { return value ? "true" : "false"; }
+
 std::string toBinaryString(unsigned u) { return std::bitset<32>(u).to_string(); }
 
 int checkStream(const char* where, const std::ios& stream) {

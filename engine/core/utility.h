@@ -35,6 +35,8 @@ std::string toString(float f);
 // ignored, no digits giving 0), with values beyond an int clamped to its range.
 int toInt(const std::string& text);
 
+// "true" or "false".
+const char* boolToString(bool value);
 // 32 characters, most significant bit first.
 std::string toBinaryString(unsigned u);
 

@@ -1,5 +1,9 @@
 #include "Box.h"
 
+#include <sstream>
+
+#include "ByteReader.h"
+#include "ByteWriter.h"
 #include "utility.h"
 
 namespace mv {
@@ -22,6 +26,25 @@ bool Box::operator==(const Box& other) const {
 
 std::string Box::toString() const {
   return corner.toString() + " h: " + mv::toString(horizontal) + " v: " + mv::toString(vertical);
+}
+
+int Box::serialize(std::stringstream& stream) const {
+  corner.serialize(stream);
+  ByteWriter out(stream);
+  out.writeFloat(horizontal);
+  out.writeFloat(vertical);
+  return checkStream("Box::serialize()", stream);
+}
+
+int Box::deserialize(std::stringstream& stream) {
+  Vector new_corner;
+  new_corner.deserialize(stream);
+  ByteReader in(stream, "Box::deserialize()");
+  float new_horizontal, new_vertical;
+  if (in.readFloat(new_horizontal) && in.readFloat(new_vertical)) {
+    *this = Box(new_corner, new_horizontal, new_vertical);
+  }
+  return checkStream("Box::deserialize()", stream);
 }
 
 }  // namespace mv

@@ -2,6 +2,7 @@
 // It covers its edges, so a box of zero size still covers its corner.
 #pragma once
 
+#include <iosfwd>
 #include <string>
 
 #include "Vector.h"
@@ -24,6 +25,10 @@ class Box {
 
   // "(x,y) h: 3 v: 2".
   std::string toString() const;
+
+  // Sixteen bytes: the corner, then the two extents.
+  int serialize(std::stringstream& stream) const;
+  int deserialize(std::stringstream& stream);
 
  private:
   Vector corner;

@@ -1,9 +1,14 @@
 #include "Object.h"
 
 #include <algorithm>
+#include <climits>
+#include <cstdint>
+#include <sstream>
 #include <utility>
 
 #include "Attribute.h"
+#include "ByteReader.h"
+#include "ByteWriter.h"
 #include "EventKeyboard.h"
 #include "EventMouse.h"
 #include "EventNetwork.h"
@@ -19,6 +24,7 @@
 #include "SceneGraph.h"
 #include "WorldManager.h"
 #include "geometry.h"
+#include "utility.h"
 
 namespace mv {
 
@@ -29,6 +35,14 @@ constexpr int MIN_ALTITUDE = 0;
 constexpr int MAX_ALTITUDE = 4;
 
 LogManager& log() { return LogManager::getInstance(); }
+
+// A record holds its attributes in this order, whatever their bits' values.
+constexpr unsigned RECORD_ORDER[] = {
+    ID,    ACTIVE,       VISIBLE,  EVENTS,      BOX,     POSITION,
+    TYPE,  ANIMATION,    ALTITUDE, SOLIDNESS,   NO_SOFT, DIRECTION,
+    SPEED, ACCELERATION, SHAPE,    FOLLOW_PATH, PATH,    AVOID_COLLISIONS};
+
+constexpr std::size_t MIN_STRING_BYTES = 8;
 
 SceneGraph& sceneGraph() { return WorldManager::getInstance().getSceneGraph(); }
 
@@ -51,7 +65,7 @@ Manager& managerFor(const std::string& event_type) {
 int Object::next_id = 1;
 
 Object::Object()
-    : id(next_id++),
+    : id(takeNextId()),
       type("(Undefined)"),
       is_active(true),
       is_visible(true),
@@ -71,12 +85,16 @@ Object::Object()
 }
 
 Object::~Object() {
+  unregisterAllInterests();
+  endSearch();
+  WorldManager::getInstance().removeObject(this);
+}
+
+void Object::unregisterAllInterests() {
   const std::vector<std::string> interests = event_name;
   for (auto it = interests.rbegin(); it != interests.rend(); ++it) {
     unregisterInterest(*it);
   }
-  endSearch();
-  WorldManager::getInstance().removeObject(this);
 }
 
 void Object::endSearch() {
@@ -118,6 +136,12 @@ int Object::startSearch(Vector goal, Object* target) {
 void Object::markModified(unsigned attributes) { modified |= attributes; }
 
 void Object::returnLastId() { next_id--; }
+
+int Object::takeNextId() {
+  // An id read from a record may stand at the largest int: the counter stops
+  // there rather than overflow.
+  return next_id < INT_MAX ? next_id++ : next_id;
+}
 
 void Object::setType(std::string new_type) {
   sceneGraph().updateType(this, new_type);
@@ -298,6 +322,8 @@ bool Object::isSolid() const { return solidness == HARD || solidness == SOFT; }
 bool Object::isModified() const { return modified != 0; }
 int Object::getEventCount() const { return static_cast<int>(event_name.size()); }
 
+const std::vector<std::string>& Object::getInterests() const { return event_name; }
+
 Vector Object::getVelocity() const {
   Vector velocity = direction;
   velocity.scale(speed);
@@ -337,7 +363,8 @@ void Object::setId(int new_id) {
     return;
   }
   if (new_id >= next_id) {
-    next_id = new_id + 1;
+    next_id = new_id;
+    takeNextId();
   }
   id = new_id;
   markModified(ID);
@@ -397,6 +424,311 @@ int Object::unregisterInterest(std::string event_type) {
   event_name.erase(found);
   markModified(EVENTS);
   return 0;
+}
+
+int Object::serialize(std::stringstream& stream, unsigned attr) {
+  log().writeLog(20, "Object::serialize(): attr is %u, modified is %u (%s)", attr, modified,
+                 boolToString(isModified()));
+  log().writeLog(25, "\t%s", toBinaryString(attr).c_str());
+  const unsigned record = attr != 0 ? attr : modified;
+  ByteWriter(stream).writeUnsigned(record);
+  for (const unsigned attribute : RECORD_ORDER) {
+    if ((record & attribute) != 0) {
+      writeAttribute(stream, attribute);
+      modified &= ~attribute;
+      logAttribute(attribute);
+    }
+  }
+  return checkStream("Object::serialize()", stream);
+}
+
+void Object::writeAttribute(std::stringstream& stream, unsigned attribute) const {
+  ByteWriter out(stream);
+  switch (attribute) {
+    case ID:
+      out.writeInt(id);
+      break;
+    case ACTIVE:
+      out.writeBool(is_active);
+      break;
+    case VISIBLE:
+      out.writeBool(is_visible);
+      break;
+    case EVENTS:
+      out.writeInt(getEventCount());
+      for (const std::string& name : event_name) {
+        out.writeString(name);
+      }
+      break;
+    case BOX:
+      box.serialize(stream);
+      break;
+    case POSITION:
+      position.serialize(stream);
+      break;
+    case TYPE:
+      out.writeString(type);
+      break;
+    case ANIMATION:
+      animation.serialize(stream);
+      break;
+    case ALTITUDE:
+      out.writeInt(altitude);
+      break;
+    case SOLIDNESS:
+      out.writeInt(solidness);
+      break;
+    case NO_SOFT:
+      out.writeBool(no_soft);
+      break;
+    case DIRECTION:
+      direction.serialize(stream);
+      break;
+    case SPEED:
+      out.writeFloat(speed);
+      break;
+    case ACCELERATION:
+      acceleration.serialize(stream);
+      break;
+    case SHAPE:
+      shape.serialize(stream);
+      break;
+    case FOLLOW_PATH:
+      out.writeBool(follow_path);
+      break;
+    case PATH:
+      path.serialize(stream);
+      break;
+    case AVOID_COLLISIONS:
+      out.writeBool(avoid_collisions);
+      break;
+  }
+}
+
+int Object::deserialize(std::stringstream& stream, unsigned* attr) {
+  std::uint32_t record = 0;
+  ByteReader(stream, "Object::deserialize()").readUnsigned(record);
+  if (attr != nullptr) {
+    *attr = record;
+  }
+  log().writeLog(20, "Object::deserialize(): attr %u (%s)", record, toBinaryString(record).c_str());
+  for (const unsigned attribute : RECORD_ORDER) {
+    if ((record & attribute) != 0 && !readAttribute(stream, attribute)) {
+      break;
+    }
+  }
+  // What came from the stream counts as written.
+  modified = 0;
+  log().writeLog(20, "Object::deserialize(): done checking all types.");
+  return checkStream("Object::deserialize()", stream);
+}
+
+bool Object::readAttribute(std::stringstream& stream, unsigned attribute) {
+  ByteReader in(stream, "Object::deserialize()");
+  int number;
+  float decimal;
+  bool flag;
+  std::string text;
+  Vector vector;
+  switch (attribute) {
+    case ID:
+      if (in.readInt(number)) {
+        setId(number);
+      }
+      break;
+    case ACTIVE:
+      if (in.readBool(flag)) {
+        setActive(flag);
+      }
+      break;
+    case VISIBLE:
+      if (in.readBool(flag)) {
+        setVisible(flag);
+      }
+      break;
+    case EVENTS:
+      readInterests(stream);
+      break;
+    case BOX: {
+      Box read;
+      if (read.deserialize(stream) == 0) {
+        setBox(read);
+      }
+      break;
+    }
+    case POSITION:
+      if (vector.deserialize(stream) == 0) {
+        setPosition(vector);
+      }
+      break;
+    case TYPE:
+      if (in.readString(text)) {
+        setType(text);
+      }
+      break;
+    case ANIMATION:
+      readAnimation(stream);
+      break;
+    case ALTITUDE:
+      if (in.readInt(number)) {
+        setAltitude(number);
+      }
+      break;
+    case SOLIDNESS:
+      if (in.readInt(number)) {
+        setSolidness(static_cast<Solidness>(number));
+      }
+      break;
+    case NO_SOFT:
+      if (in.readBool(flag)) {
+        setNoSoft(flag);
+      }
+      break;
+    case DIRECTION:
+      if (vector.deserialize(stream) == 0) {
+        setDirection(vector);
+      }
+      break;
+    case SPEED:
+      if (in.readFloat(decimal)) {
+        setSpeed(decimal);
+      }
+      break;
+    case ACCELERATION:
+      if (vector.deserialize(stream) == 0) {
+        setAcceleration(vector);
+      }
+      break;
+    case SHAPE: {
+      Shape read;
+      if (read.deserialize(stream) == 0) {
+        setShape(read);
+      }
+      break;
+    }
+    case FOLLOW_PATH:
+      if (in.readBool(flag)) {
+        setFollowPath(flag);
+      }
+      break;
+    case PATH: {
+      Path read;
+      if (read.deserialize(stream) == 0) {
+        setPath(read);
+      }
+      break;
+    }
+    case AVOID_COLLISIONS:
+      if (in.readBool(flag)) {
+        setAvoidCollisions(flag);
+      }
+      break;
+  }
+  if (in.good()) {
+    logAttribute(attribute);
+  }
+  return in.good();
+}
+
+bool Object::readInterests(std::stringstream& stream) {
+  unregisterAllInterests();
+  ByteReader in(stream, "Object::deserialize()");
+  int count;
+  if (!in.readCount(count, MIN_STRING_BYTES, MAX_INTERESTS)) {
+    return false;
+  }
+  for (int i = 0; i < count; i++) {
+    std::string name;
+    if (!in.readString(name)) {
+      return false;
+    }
+    log().writeLog(25, "\t\tsize %d", static_cast<int>(name.size()));
+    if (registerInterest(name) != 0) {
+      log().writeLog("Object::deserialize(): Error! Register interest: %s", name.c_str());
+    }
+  }
+  return true;
+}
+
+bool Object::readAnimation(std::stringstream& stream) {
+  Animation read;
+  if (read.deserialize(stream) != 0) {
+    return false;
+  }
+  setAnimation(read, true);
+  if (!read.getName().empty()) {
+    // Finding the sprite starts it from its first frame: the index read comes back after.
+    setSprite(read.getName());
+    Animation found = animation;
+    found.setIndex(read.getIndex());
+    setAnimation(found, true);
+  }
+  return true;
+}
+
+void Object::logAttribute(unsigned attribute) const {
+  if (log().getLogLevel() < 25) {
+    return;
+  }
+  switch (attribute) {
+    case ID:
+      log().writeLog(25, "\tID: %d", id);
+      break;
+    case ACTIVE:
+      log().writeLog(25, "\tACTIVE: %s", boolToString(is_active));
+      break;
+    case VISIBLE:
+      log().writeLog(25, "\tVISIBLE: %s", boolToString(is_visible));
+      break;
+    case EVENTS:
+      log().writeLog(25, "\tEVENTS: %d", getEventCount());
+      for (const std::string& name : event_name) {
+        log().writeLog(25, "\t\t%s (size %d)", name.c_str(), static_cast<int>(name.size()));
+      }
+      break;
+    case BOX:
+      log().writeLog(25, "\tBOX: %s", box.toString().c_str());
+      break;
+    case POSITION:
+      log().writeLog(25, "\tPOSITION: %s", position.toString().c_str());
+      break;
+    case TYPE:
+      log().writeLog(25, "\tTYPE: %s", type.c_str());
+      break;
+    case ANIMATION:
+      log().writeLog(25, "\tANIMATION: %s", animation.toString().c_str());
+      break;
+    case ALTITUDE:
+      log().writeLog(25, "\tALTITUDE: %d", altitude);
+      break;
+    case SOLIDNESS:
+      log().writeLog(25, "\tSOLIDNESS: %s", solidnessToString(solidness).c_str());
+      break;
+    case NO_SOFT:
+      log().writeLog(25, "\tNO_SOFT: %s", boolToString(no_soft));
+      break;
+    case DIRECTION:
+      log().writeLog(25, "\tDIRECTION: %s", direction.toString().c_str());
+      break;
+    case SPEED:
+      log().writeLog(25, "\tSPEED: %f", static_cast<double>(speed));
+      break;
+    case ACCELERATION:
+      log().writeLog(25, "\tACCELERATION: %s", acceleration.toString().c_str());
+      break;
+    case SHAPE:
+      log().writeLog(25, "\tSHAPE: %s", shape.toString().c_str());
+      break;
+    case FOLLOW_PATH:
+      log().writeLog(25, "\tFOLLOW_PATH: %s", boolToString(follow_path));
+      break;
+    case PATH:
+      log().writeLog(25, "\tPATH: %s", path.toString().c_str());
+      break;
+    case AVOID_COLLISIONS:
+      log().writeLog(25, "\tAVOID_COLLISIONS: %s", boolToString(avoid_collisions));
+      break;
+  }
 }
 
 }  // namespace mv

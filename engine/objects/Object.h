@@ -4,6 +4,7 @@
 // objects end only through WorldManager::markForDelete or the world's shutdown.
 #pragma once
 
+#include <iosfwd>
 #include <string>
 #include <vector>
 
@@ -54,6 +55,14 @@ class Object {
   // With `set_box`, the box becomes the sprite's size.
   virtual void setAnimation(Animation new_animation, bool set_box);
   virtual int draw();
+  // Writes the attributes named in `attr`, or with 0 every attribute changed
+  // since the last write, and counts them as written. 0, or -1 with a line in the log.
+  virtual int serialize(std::stringstream& stream, unsigned attr = 0);
+  // Applies a record through the setters, field by field, and counts the
+  // object as written. A faulty record stops at its fault, keeping what came
+  // before it, and gives -1. `attr`, if given, receives the record's mask, so
+  // that a derived class knows which of its own attributes follow.
+  virtual int deserialize(std::stringstream& stream, unsigned* attr = nullptr);
   virtual void setModified(unsigned mask);
   virtual unsigned getModified() const;
   virtual void setShape(Shape new_shape);
@@ -79,6 +88,8 @@ class Object {
   bool isSolid() const;
   bool isModified() const;
   int getEventCount() const;
+  // The registered event types, in order of registration.
+  const std::vector<std::string>& getInterests() const;
 
   // Direction scaled by speed.
   Vector getVelocity() const;
@@ -116,8 +127,18 @@ class Object {
  private:
   static int next_id;
 
+  static int takeNextId();
+
   int startSearch(Vector goal, Object* target);
   void endSearch();
+  // Drops every interest, the last registered first.
+  void unregisterAllInterests();
+  void writeAttribute(std::stringstream& stream, unsigned attribute) const;
+  // Reads one attribute and applies it; false once the stream has failed.
+  bool readAttribute(std::stringstream& stream, unsigned attribute);
+  bool readInterests(std::stringstream& stream);
+  bool readAnimation(std::stringstream& stream);
+  void logAttribute(unsigned attribute) const;
 
   int id;
   std::string type;

@@ -1,7 +1,10 @@
 #include "Vector.h"
 
 #include <cmath>
+#include <sstream>
 
+#include "ByteReader.h"
+#include "ByteWriter.h"
 #include "utility.h"
 
 namespace mv {
@@ -52,5 +55,21 @@ Vector& Vector::operator+=(const Vector& other) {
 }
 
 std::string Vector::toString() const { return "(" + mv::toString(x) + "," + mv::toString(y) + ")"; }
+
+int Vector::serialize(std::stringstream& stream) const {
+  ByteWriter out(stream);
+  out.writeFloat(x);
+  out.writeFloat(y);
+  return checkStream("Vector::serialize()", stream);
+}
+
+int Vector::deserialize(std::stringstream& stream) {
+  ByteReader in(stream, "Vector::deserialize()");
+  float new_x, new_y;
+  if (in.readFloat(new_x) && in.readFloat(new_y)) {
+    setXY(new_x, new_y);
+  }
+  return checkStream("Vector::deserialize()", stream);
+}
 
 }  // namespace mv

@@ -1,6 +1,7 @@
 // A position, direction or velocity in world units (character cells), x to the right, y downward.
 #pragma once
 
+#include <iosfwd>
 #include <string>
 
 namespace mv {
@@ -36,6 +37,10 @@ class Vector {
 
   // "(x,y)", numbers as a stream writes floats.
   std::string toString() const;
+
+  // Eight bytes: x, then y. 0, or -1 with a line in the log.
+  int serialize(std::stringstream& stream) const;
+  int deserialize(std::stringstream& stream);
 
  private:
   float x;

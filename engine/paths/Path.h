@@ -2,6 +2,7 @@
 // one being headed for. Passed nodes stay; only the cursor moves.
 #pragma once
 
+#include <iosfwd>
 #include <string>
 #include <vector>
 
@@ -32,6 +33,11 @@ class Path {
 
   // Every node, from the first whatever the cursor, each followed by "|".
   std::string toString() const;
+
+  // The number of nodes in eight bytes, then each node; the cursor does not
+  // travel, so a path read back starts at its first node.
+  int serialize(std::stringstream& stream) const;
+  int deserialize(std::stringstream& stream);
 
  private:
   std::vector<Vector> nodes;

@@ -1,6 +1,11 @@
 #include "Animation.h"
 
+#include <sstream>
 #include <utility>
+
+#include "ByteReader.h"
+#include "ByteWriter.h"
+#include "utility.h"
 
 namespace mv {
 
@@ -30,15 +35,14 @@ int Animation::draw(Vector position) {
   if (slowdown_count == -1) {
     return result;
   }
-  slowdown_count++;
-  if (slowdown_count < sprite->getSlowdown()) {
+  // A count or an index that came from a record may stand anywhere, even at
+  // the largest int: both advance without overflow.
+  if (static_cast<long long>(slowdown_count) + 1 < sprite->getSlowdown()) {
+    slowdown_count++;
     return result;
   }
   slowdown_count = 0;
-  index++;
-  if (index >= sprite->getFrameCount()) {
-    index = 0;
-  }
+  index = index < sprite->getFrameCount() - 1 ? index + 1 : 0;
   return result;
 }
 
@@ -53,6 +57,27 @@ Box Animation::getBox() const {
 
 std::string Animation::toString() const {
   return "sprite " + name + ", frame_idx " + std::to_string(index);
+}
+
+int Animation::serialize(std::stringstream& stream) const {
+  ByteWriter out(stream);
+  out.writeString(name);
+  out.writeInt(index);
+  out.writeInt(slowdown_count);
+  return checkStream("Animation::serialize()", stream);
+}
+
+int Animation::deserialize(std::stringstream& stream) {
+  ByteReader in(stream, "Animation::deserialize()");
+  std::string new_name;
+  int new_index, new_slowdown_count;
+  if (in.readString(new_name) && in.readInt(new_index) && in.readInt(new_slowdown_count)) {
+    // A name ends at its first zero byte, as a sprite's label can hold none.
+    name = new_name.substr(0, new_name.find('\0'));
+    index = new_index;
+    slowdown_count = new_slowdown_count;
+  }
+  return checkStream("Animation::deserialize()", stream);
 }
 
 }  // namespace mv

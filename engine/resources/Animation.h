@@ -2,6 +2,7 @@
 // it has waited on the current one.
 #pragma once
 
+#include <iosfwd>
 #include <string>
 
 #include "Box.h"
@@ -33,6 +34,11 @@ class Animation {
 
   // "sprite ship, frame_idx 2".
   std::string toString() const;
+
+  // The sprite travels by its name, with the index and slowdown count; a
+  // reader finds the sprite by the name, and its own sprite stays meanwhile.
+  int serialize(std::stringstream& stream) const;
+  int deserialize(std::stringstream& stream);
 
  private:
   Sprite* sprite;

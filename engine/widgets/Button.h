@@ -2,6 +2,8 @@
 // is over it and calls onClick when clicked. The action is a derived class's.
 #pragma once
 
+#include <iosfwd>
+
 #include "Color.h"
 #include "EventMouse.h"
 #include "ViewObject.h"
@@ -18,6 +20,9 @@ class Button : public ViewObject {
 
   // Follows the mouse alone: the colour shows whether it is over the button.
   int eventHandler(const Event* event) override;
+  // Behind the view object's attributes: the default colour, then the highlight.
+  int serialize(std::stringstream& stream, unsigned attr = 0) override;
+  int deserialize(std::stringstream& stream, unsigned* attr = nullptr) override;
 
   // Whether the mouse stands on the button's label or its border, edges included.
   bool mouseInside(const EventMouse* event) const;
@@ -29,6 +34,8 @@ class Button : public ViewObject {
   Color getHighlightColor() const;
 
  private:
+  void logColors() const;
+
   Color highlight_color;
   Color default_color;
 };

@@ -2,6 +2,7 @@
 
 #include "EventOut.h"
 #include "EventStep.h"
+#include "LogManager.h"
 #include "Shape.h"
 #include "WorldManager.h"
 
@@ -42,5 +43,17 @@ int Particle::eventHandler(const Event* event) {
 }
 
 int Particle::getAge() const { return age; }
+
+int Particle::serialize(std::stringstream& stream, unsigned attr) {
+  LogManager::getInstance().writeLog(
+      1, "Particle::serialize(): Warning!  Particles attributes are not serialized.");
+  return Object::serialize(stream, attr);
+}
+
+int Particle::deserialize(std::stringstream& stream, unsigned* attr) {
+  LogManager::getInstance().writeLog(
+      1, "Particle::deserialize(): Warning!  Cannot deserialize particles.");
+  return Object::deserialize(stream, attr);
+}
 
 }  // namespace mv

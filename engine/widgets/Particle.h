@@ -3,6 +3,8 @@
 // is gone when the age runs out or it leaves the world.
 #pragma once
 
+#include <iosfwd>
+
 #include "Object.h"
 
 namespace mv {
@@ -14,6 +16,9 @@ class Particle : public Object {
            unsigned char b);
 
   int eventHandler(const Event* event) override;
+  // A particle's record is a plain object's: its age does not travel.
+  int serialize(std::stringstream& stream, unsigned attr = 0) override;
+  int deserialize(std::stringstream& stream, unsigned* attr = nullptr) override;
 
   int getAge() const;
 

@@ -3,7 +3,10 @@
 #include <SFML/Graphics.hpp>
 #include <algorithm>
 #include <cstdio>
+#include <sstream>
 
+#include "ByteReader.h"
+#include "ByteWriter.h"
 #include "Config.h"
 #include "DisplayManager.h"
 #include "LogManager.h"
@@ -121,6 +124,30 @@ std::string Shape::toString() const {
   std::snprintf(size_text, sizeof size_text, "%f", size);
   return std::string(typeName(type)) + ", size " + size_text + ", " + colorToString(color) + ", " +
          std::to_string(opacity);
+}
+
+int Shape::serialize(std::stringstream& stream) const {
+  ByteWriter out(stream);
+  out.writeInt(type);
+  out.writeFloat(size);
+  out.writeInt(color);
+  out.writeByte(opacity);
+  return checkStream("Shape::serialize()", stream);
+}
+
+int Shape::deserialize(std::stringstream& stream) {
+  ByteReader in(stream, "Shape::deserialize()");
+  int new_type, new_color;
+  float new_size;
+  unsigned char new_opacity;
+  if (in.readInt(new_type) && in.readFloat(new_size) && in.readInt(new_color) &&
+      in.readByte(new_opacity)) {
+    type = new_type;
+    size = new_size;
+    color = static_cast<Color>(new_color);
+    opacity = new_opacity;
+  }
+  return checkStream("Shape::deserialize()", stream);
 }
 
 }  // namespace mv

@@ -3,6 +3,7 @@
 // triangle. Type -1 is no figure at all.
 #pragma once
 
+#include <iosfwd>
 #include <string>
 
 #include "Color.h"
@@ -39,6 +40,11 @@ class Shape {
 
   // "circle, size 8.000000, White, 255".
   std::string toString() const;
+
+  // Thirteen bytes: type, size, colour, opacity. The red, green and blue of a
+  // CUSTOM colour do not travel: a shape read back keeps its own.
+  int serialize(std::stringstream& stream) const;
+  int deserialize(std::stringstream& stream);
 
  private:
   Color color;

@@ -1,13 +1,17 @@
 #include "ViewObject.h"
 
+#include <sstream>
 #include <utility>
 
 #include "Attribute.h"
+#include "ByteReader.h"
+#include "ByteWriter.h"
 #include "DisplayManager.h"
 #include "EventView.h"
 #include "LogManager.h"
 #include "WorldManager.h"
 #include "geometry.h"
+#include "utility.h"
 
 namespace mv {
 
@@ -149,6 +153,83 @@ int ViewObject::draw() {
     result += display.drawCharacter(Vector(left_bar + length + 1, pos.getY()), '|', color, 0);
   }
   return result;
+}
+
+int ViewObject::serialize(std::stringstream& stream, unsigned attr) {
+  LogManager& log = LogManager::getInstance();
+  log.writeLog(20, "ViewObject::serialize(): serializing attributes");
+  log.writeLog(20, "ViewObject::serialize(): attr is %u, modified is %u (%s)", attr, getModified(),
+               boolToString(isModified()));
+  Object::serialize(stream, attr);
+  unsigned mask = getModified();
+  const unsigned record = attr != 0 ? attr : mask;
+  ByteWriter out(stream);
+  if ((record & VIEW_VALUE) != 0) {
+    log.writeLog(25, "\tVALUE");
+    out.writeInt(value);
+    mask &= ~VIEW_VALUE;
+  }
+  if ((record & VIEW_APPEARANCE) != 0) {
+    log.writeLog(25, "\tAPPEARANCE");
+    out.writeString(view_string);
+    out.writeBool(border);
+    out.writeInt(color);
+    out.writeInt(location);
+    out.writeBool(draw_value);
+    logAppearance();
+    mask &= ~VIEW_APPEARANCE;
+  }
+  setModified(mask);
+  return checkStream("ViewObject::serialize()", stream);
+}
+
+int ViewObject::deserialize(std::stringstream& stream, unsigned* attr) {
+  unsigned local_attr;
+  unsigned* record = attr != nullptr ? attr : &local_attr;
+  const int result = Object::deserialize(stream, record);
+  LogManager& log = LogManager::getInstance();
+  if (result != 0) {
+    log.writeLog("ViewObject::deserialize(): Error calling Object::deserialize().");
+    return result;
+  }
+  log.writeLog(20, "ViewObject::deserialize(): attr %u (%s)", *record,
+               toBinaryString(*record).c_str());
+  ByteReader in(stream, "ViewObject::deserialize()");
+  int new_value;
+  if ((*record & VIEW_VALUE) != 0 && in.readInt(new_value)) {
+    setValue(new_value);
+    log.writeLog(25, "\tVALUE: %d", value);
+  }
+  std::string new_view_string;
+  bool new_border, new_draw_value;
+  int new_color, new_location;
+  if ((*record & VIEW_APPEARANCE) != 0 && in.readString(new_view_string) &&
+      in.readBool(new_border) && in.readInt(new_color) && in.readInt(new_location) &&
+      in.readBool(new_draw_value)) {
+    setViewString(new_view_string);
+    setBorder(new_border);
+    setColor(static_cast<Color>(new_color));
+    setLocation(static_cast<ViewObjectLocation>(new_location));
+    setDrawValue(new_draw_value);
+    logAppearance();
+  }
+  // What came from the stream counts as written.
+  setModified(0);
+  log.writeLog(20, "ViewObject::deserialize(): done checking all types.");
+  return checkStream("ViewObject::deserialize()", stream);
+}
+
+void ViewObject::logAppearance() const {
+  LogManager& log = LogManager::getInstance();
+  if (log.getLogLevel() < 25) {
+    return;
+  }
+  log.writeLog(25, "\tVIEW_STRING: %s", view_string.c_str());
+  log.writeLog(25, "\tBORDER: %s", boolToString(border));
+  log.writeLog(25, "\tCOLOR: %s", colorToString(color).c_str());
+  log.writeLog(25, "\tLOCATION: %s",
+               locationToString(static_cast<ViewObjectLocation>(location)).c_str());
+  log.writeLog(25, "\tDRAW_VALUE: %s", boolToString(draw_value));
 }
 
 }  // namespace mv

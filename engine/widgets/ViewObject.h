@@ -4,6 +4,7 @@
 // an "mv-view" event that names its label.
 #pragma once
 
+#include <iosfwd>
 #include <string>
 
 #include "Color.h"
@@ -23,24 +24,28 @@ class ViewObject : public Object {
   int eventHandler(const Event* event) override;
   // The label and value, centred on the position, with the border around them.
   int draw() override;
+  // Behind the object's own attributes: the value, then the appearance.
+  int serialize(std::stringstream& stream, unsigned attr = 0) override;
+  int deserialize(std::stringstream& stream, unsigned* attr = nullptr) override;
 
   // One of the nine places on the screen; -1 and anything past 8 are refused.
-  void setLocation(ViewObjectLocation new_location);
+  virtual void setLocation(ViewObjectLocation new_location);
   ViewObjectLocation getLocation() const;
-  void setDrawValue(bool new_draw_value);
+  virtual void setDrawValue(bool new_draw_value);
   bool getDrawValue() const;
-  void setValue(int new_value);
+  virtual void setValue(int new_value);
   int getValue() const;
   // The place of a location depends on the border, so the object moves with it.
-  void setBorder(bool new_border);
+  virtual void setBorder(bool new_border);
   bool getBorder() const;
-  void setColor(Color new_color);
+  virtual void setColor(Color new_color);
   Color getColor() const;
-  void setViewString(std::string new_view_string);
+  virtual void setViewString(std::string new_view_string);
   std::string getViewString() const;
 
  private:
   std::string displayedText() const;
+  void logAppearance() const;
 
   std::string view_string;
   int value;

@@ -3,11 +3,10 @@
 // the text it came from.
 #include <cctype>
 #include <cstdint>
-#include <cstdlib>
 #include <string>
 
 #include "Config.h"
-#include "LogManager.h"
+#include "quietEngine.h"
 
 namespace {
 
@@ -25,10 +24,7 @@ void requireClean(const std::string& value, const std::string& text) {
 }  // namespace
 
 extern "C" int LLVMFuzzerInitialize(int*, char***) {
-  // The parser's trace is formatted at every level and thrown away.
-  setenv("MORVANE_LOG", "/dev/null", 1);
-  mv::LogManager::getInstance().setLogLevel(30);
-  mv::LogManager::getInstance().startUp();
+  mv_fuzz::startQuietLog();
   return 0;
 }
 

@@ -9,16 +9,14 @@
 #include <fstream>
 #include <string>
 
-#include "LogManager.h"
 #include "ResourceManager.h"
+#include "quietEngine.h"
 
 namespace {
 
 std::string sprite_file;
 
-void removeSpriteFile() {
-  unlink(sprite_file.c_str());
-}
+void removeSpriteFile() { unlink(sprite_file.c_str()); }
 
 // The file is rewritten for every input, so it lives in memory where the system allows.
 void makeSpriteFile() {
@@ -53,11 +51,7 @@ void requireWhole(const mv::Sprite& sprite) {
 }  // namespace
 
 extern "C" int LLVMFuzzerInitialize(int*, char***) {
-  // Audio plays into nothing; every log line is formatted, at every level, and thrown away.
-  setenv("ALSOFT_DRIVERS", "null", 1);
-  setenv("MORVANE_LOG", "/dev/null", 1);
-  mv::LogManager::getInstance().setLogLevel(30);
-  mv::LogManager::getInstance().startUp();
+  mv_fuzz::startQuietLog();
   // The manager's sound slots open the audio device once, here rather than inside an input.
   mv::ResourceManager::getInstance();
   makeSpriteFile();

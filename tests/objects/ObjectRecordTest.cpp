@@ -1,0 +1,309 @@
+#include <gtest/gtest.h>
+
+#include <climits>
+#include <cstdint>
+#include <functional>
+#include <map>
+#include <sstream>
+#include <string>
+
+#include "Attribute.h"
+#include "Button.h"
+#include "ResourceManager.h"
+#include "ViewObject.h"
+#include "WorldManager.h"
+#include "WorldTest.h"
+#include "logLines.h"
+
+namespace {
+
+using mv::Vector;
+
+class PlainButton : public mv::Button {
+ public:
+  void onClick() override {}
+};
+
+// An object's record is judged by what each of its attributes reads as.
+std::map<unsigned, std::string> attributesOf(const mv::Object* o) {
+  std::string interests;
+  for (const std::string& name : o->getInterests()) {
+    interests += name + ";";
+  }
+  const mv::Animation animation = o->getAnimation();
+  const mv::Path path = o->getPath();
+  std::string nodes;
+  for (const Vector& node : path.getNodes()) {
+    nodes += node.toString();
+  }
+  std::map<unsigned, std::string> read = {
+      {mv::ID, std::to_string(o->getId())},
+      {mv::ACTIVE, std::to_string(o->isActive())},
+      {mv::VISIBLE, std::to_string(o->isVisible())},
+      {mv::EVENTS, interests},
+      {mv::BOX, o->getBox().toString()},
+      {mv::POSITION, o->getPosition().toString()},
+      {mv::TYPE, o->getType()},
+      {mv::ANIMATION, animation.toString() + " slowdown " +
+                          std::to_string(animation.getSlowdownCount()) +
+                          (animation.getSprite() != nullptr ? " loaded" : "")},
+      {mv::ALTITUDE, std::to_string(o->getAltitude())},
+      {mv::SOLIDNESS, std::to_string(o->getSolidness())},
+      {mv::NO_SOFT, std::to_string(o->getNoSoft())},
+      {mv::DIRECTION, o->getDirection().toString()},
+      {mv::SPEED, std::to_string(o->getSpeed())},
+      {mv::ACCELERATION, o->getAcceleration().toString()},
+      {mv::SHAPE, o->getShape().toString() + " " + std::to_string(o->getShape().getColor())},
+      {mv::FOLLOW_PATH, std::to_string(o->getFollowPath())},
+      {mv::PATH, nodes},
+      {mv::AVOID_COLLISIONS, std::to_string(o->getAvoidCollisions())},
+  };
+  if (const auto* view = dynamic_cast<const mv::ViewObject*>(o)) {
+    read[mv::VIEW_VALUE] = std::to_string(view->getValue());
+    read[mv::VIEW_APPEARANCE] = view->getViewString() + " " + std::to_string(view->getBorder()) +
+                                std::to_string(view->getColor()) +
+                                std::to_string(view->getLocation()) +
+                                std::to_string(view->getDrawValue());
+  }
+  if (const auto* button = dynamic_cast<const mv::Button*>(o)) {
+    read[mv::BUTTON_APPEARANCE] =
+        std::to_string(button->getDefaultColor()) + std::to_string(button->getHighlightColor());
+  }
+  return read;
+}
+
+// Every attribute away from its default, as a peer would see a lived-in object.
+void giveEveryAttributeAValue(mv::Object* o) {
+  o->setId(77);
+  o->setActive(false);
+  o->setVisible(false);
+  o->registerInterest("mv-step");
+  o->registerInterest("rl::custom");
+  o->setPosition(Vector(12.5f, 7.25f));
+  o->setType("Hunter");
+  o->setSprite("ship");
+  mv::Animation animation = o->getAnimation();
+  animation.setIndex(2);
+  animation.setSlowdownCount(5);
+  o->setAnimation(animation, false);
+  o->setAltitude(3);
+  o->setSolidness(mv::SOFT);
+  o->setNoSoft(true);
+  mv::Shape shape;
+  shape.setType(mv::Shape::TRIANGLE);
+  shape.setSize(6.5f);
+  shape.setColorRGB(10, 20, 30);
+  shape.setOpacity(128);
+  o->setShape(shape);
+  mv::Path path;
+  path.setNodes({Vector(1, 1), Vector(2, 2), Vector(3, 3), Vector(4, 4)});
+  path.popNode();
+  path.popNode();
+  path.popNode();
+  o->setPath(path);
+  o->setFollowPath(true);
+  o->setVelocity(Vector(3, -4));
+  o->setAcceleration(Vector(0, 0.01f));
+  o->setAvoidCollisions(true);
+  if (auto* view = dynamic_cast<mv::ViewObject*>(o)) {
+    view->setValue(42);
+    view->setViewString("Points");
+    view->setBorder(false);
+    view->setColor(mv::YELLOW);
+    view->setLocation(mv::BOTTOM_RIGHT);
+    view->setDrawValue(false);
+  }
+  if (auto* button = dynamic_cast<mv::Button*>(o)) {
+    button->setDefaultColor(mv::GREEN);
+    button->setHighlightColor(mv::BLUE);
+  }
+}
+
+struct Kind {
+  const char* name;
+  std::function<mv::Object*()> make;
+  unsigned attributes;
+};
+
+const Kind KINDS[] = {
+    {"Object", [] { return new mv::Object; }, mv::ALL_OBJECT_ATTRIBUTES},
+    {"ViewObject", [] { return new mv::ViewObject; },
+     mv::ALL_OBJECT_ATTRIBUTES | mv::VIEW_VALUE | mv::VIEW_APPEARANCE},
+    {"Button", [] { return new PlainButton; },
+     mv::ALL_OBJECT_ATTRIBUTES | mv::VIEW_VALUE | mv::VIEW_APPEARANCE | mv::BUTTON_APPEARANCE},
+};
+
+class ObjectRecordTest : public mv_test::WorldTest {
+ protected:
+  void SetUp() override {
+    WorldTest::SetUp();
+    ASSERT_EQ(mv::ResourceManager::getInstance().startUp(), 0);
+    scratch.write("ship.txt", "3\n2\n1\n0\nred\n<>\n[]\n{}\n");
+    ASSERT_EQ(mv::ResourceManager::getInstance().loadSprite("ship.txt", "ship"), 0);
+  }
+  void TearDown() override {
+    WorldTest::TearDown();
+    mv::ResourceManager::getInstance().shutDown();
+  }
+};
+
+// Pieces of a record written by hand: a four-byte number, an eight-byte length, a string.
+std::string u32(std::uint32_t value) { return std::string(reinterpret_cast<char*>(&value), 4); }
+std::string f32(float value) { return std::string(reinterpret_cast<char*>(&value), 4); }
+std::string u64(std::uint64_t value) { return std::string(reinterpret_cast<char*>(&value), 8); }
+std::string str(const std::string& text) { return u64(text.size()) + text; }
+
+TEST_F(ObjectRecordTest, RecordsHoldTheirAttributesInOrderAsLittleEndianBytes) {
+  mv::Object* o = new mv::Object;
+  std::stringstream full;
+  EXPECT_EQ(o->serialize(full, 0), 0);
+  EXPECT_EQ(full.str().size(), 125u) << "all 18 attributes of a new object, type \"(Undefined)\"";
+  EXPECT_EQ(o->getModified(), 0u);
+  std::stringstream again;
+  o->serialize(again, 0);
+  EXPECT_EQ(again.str(), std::string(4, '\0')) << "nothing changed since";
+
+  std::stringstream position;
+  o->serialize(position, mv::POSITION);
+  EXPECT_EQ(position.str(), std::string("\x20\0\0\0\0\0\x80\x3f\0\0\x80\x3f", 12))
+      << "the mask, then (1,1) as two floats";
+
+  o->setType("Hunter");
+  o->setVelocity(Vector(3, 4));
+  EXPECT_EQ(o->getModified(), static_cast<unsigned>(mv::TYPE | mv::SPEED | mv::DIRECTION));
+  std::stringstream typed;
+  o->serialize(typed, mv::TYPE | mv::EVENTS);
+  EXPECT_EQ(typed.str(), u32(mv::TYPE | mv::EVENTS) + u32(0) + str("Hunter"));
+  EXPECT_EQ(o->getModified(), static_cast<unsigned>(mv::SPEED | mv::DIRECTION))
+      << "named attributes are cleared, unnamed ones stay";
+
+  std::stringstream velocity;
+  o->serialize(velocity, 0);
+  EXPECT_EQ(velocity.str(), u32(mv::SPEED | mv::DIRECTION) + f32(0.6f) + f32(0.8f) + f32(5))
+      << "the direction comes before the speed";
+}
+
+TEST_F(ObjectRecordTest, EveryAttributeComesBackAloneAndAllTogether) {
+  for (const Kind& kind : KINDS) {
+    SCOPED_TRACE(kind.name);
+    const std::map<unsigned, std::string> fresh = attributesOf(kind.make());
+    mv::Object* source = kind.make();
+    giveEveryAttributeAValue(source);
+    const std::map<unsigned, std::string> given = attributesOf(source);
+
+    for (unsigned bit = 1; bit & kind.attributes; bit <<= 1) {
+      SCOPED_TRACE("attribute " + std::to_string(bit));
+      ASSERT_NE(given.at(bit), fresh.at(bit)) << "the test gives every attribute a new value";
+      std::stringstream record;
+      ASSERT_EQ(source->serialize(record, bit), 0);
+      mv::Object* target = kind.make();
+      target->registerInterest("rl::old");
+      unsigned mask = 0;
+      ASSERT_EQ(target->deserialize(record, &mask), 0);
+      EXPECT_EQ(mask, bit);
+      EXPECT_EQ(attributesOf(target).at(bit), given.at(bit));
+      EXPECT_EQ(target->getModified(), 0u) << "what was read counts as written";
+      if (bit != mv::EVENTS) {
+        EXPECT_NE(attributesOf(target).at(mv::EVENTS).find("rl::old"), std::string::npos)
+            << "interests stay unless the record holds them";
+      }
+    }
+
+    std::stringstream record;
+    source->setModified(kind.attributes);
+    ASSERT_EQ(source->serialize(record), 0);
+    mv::Object* target = kind.make();
+    ASSERT_EQ(target->deserialize(record), 0);
+    EXPECT_EQ(attributesOf(target), given);
+    EXPECT_EQ(target->getPath().getIndex(), 0) << "a path read back starts at its first node";
+    EXPECT_EQ(target->getShape().getColor(), mv::CUSTOM);
+  }
+}
+
+TEST_F(ObjectRecordTest, AnAnimationOfASpriteNotLoadedKeepsItsNameAndNoSprite) {
+  std::stringstream record(u32(mv::ANIMATION) + str("ghost") + u32(1) + u32(4));
+  mv::Object* o = new mv::Object;
+  testing::internal::CaptureStderr();
+  EXPECT_EQ(o->deserialize(record), 0);
+  EXPECT_TRUE(mv_test::hasMessage(testing::internal::GetCapturedStderr(),
+                                  "Object::setSprite(): Warning! Sprite 'ghost' not found"));
+  EXPECT_EQ(o->getAnimation().getSprite(), nullptr);
+  EXPECT_EQ(o->getAnimation().getName(), "ghost");
+  EXPECT_EQ(o->getAnimation().getSlowdownCount(), 4);
+}
+
+// Bytes that no writer makes: each must end the record with -1 and a line
+// that says what was wrong, having allocated nothing by the length it gives.
+TEST_F(ObjectRecordTest, HostileRecordsFailWithALineAndAllocateNothing) {
+  struct Case {
+    const char* what;
+    std::string bytes;
+    const char* message;
+  };
+  const Case cases[] = {
+      {"a type longer than any string", u32(mv::TYPE) + u64(UINT64_MAX),
+       "Object::deserialize(): Error! Length 18446744073709551615 is more than the limit of "
+       "65536."},
+      {"a type longer than the stream", u32(mv::TYPE) + u64(100) + u32(0),
+       "Object::deserialize(): Error! Length 100 is more than the 4 bytes left."},
+      {"a negative count of interests", u32(mv::EVENTS) + u32(-1),
+       "Object::deserialize(): Error! Count -1 is negative."},
+      {"more interests than an object holds", u32(mv::EVENTS) + u32(101),
+       "Object::deserialize(): Error! Length 101 is more than the limit of 100."},
+      {"a position that is not a number", u32(mv::POSITION) + u32(0x7fc00000) + f32(1),
+       "Vector::deserialize(): Error! Number 0x7fc00000 is not finite."},
+      {"a path of a trillion nodes", u32(mv::PATH) + u64(1ull << 40),
+       "Path::deserialize(): Error! Length 1099511627776 is more than the limit of 1048576."},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.what);
+    std::stringstream record(c.bytes);
+    mv::Object* o = new mv::Object;
+    testing::internal::CaptureStderr();
+    EXPECT_EQ(o->deserialize(record), -1);
+    const std::string logged = testing::internal::GetCapturedStderr();
+    EXPECT_TRUE(mv_test::hasMessage(logged, c.message)) << logged;
+    EXPECT_EQ(o->getPosition(), Vector(1, 1));
+  }
+}
+
+TEST_F(ObjectRecordTest, ExtremeNumbersLeaveAnObjectTheWorldCanStillRun) {
+  std::stringstream record(u32(mv::ID | mv::ANIMATION | mv::SHAPE) + u32(INT_MAX - 1) +
+                           str(std::string("ship\0tail", 9)) + u32(INT_MAX) + u32(INT_MAX) +
+                           u32(57) + f32(3e38f) + u32(1000) + "\xff");
+  mv::Object* o = new mv::Object;
+  ASSERT_EQ(o->deserialize(record), 0);
+  EXPECT_EQ(o->getAnimation().getName(), "ship") << "a name ends at its first zero byte";
+  EXPECT_EQ((new mv::Object)->getId(), INT_MAX);
+  EXPECT_EQ((new mv::Object)->getId(), INT_MAX) << "the counter stops rather than overflow";
+  o->draw();
+  EXPECT_EQ(o->getAnimation().getIndex(), 0) << "an index past the last frame wraps to the first";
+  mv::WorldManager::getInstance().update();
+}
+
+TEST_F(ObjectRecordTest, ARecordCutAtAnyByteFailsAndKeepsTheWorldWhole) {
+  std::vector<mv::Object*> objects;
+  for (const Kind& kind : KINDS) {
+    SCOPED_TRACE(kind.name);
+    mv::Object* source = kind.make();
+    giveEveryAttributeAValue(source);
+    source->setModified(kind.attributes);
+    std::stringstream full;
+    ASSERT_EQ(source->serialize(full), 0);
+    const std::string bytes = full.str();
+    objects.push_back(source);
+    testing::internal::CaptureStderr();
+    for (std::size_t length = 0; length < bytes.size(); length++) {
+      std::stringstream cut(bytes.substr(0, length));
+      mv::Object* target = kind.make();
+      objects.push_back(target);
+      EXPECT_EQ(target->deserialize(cut), -1) << "cut at " << length;
+    }
+    testing::internal::GetCapturedStderr();
+    mv_test::expectSceneGraphConsistent(objects);
+    mv::WorldManager::getInstance().update();
+    mv::WorldManager::getInstance().draw();
+  }
+}
+
+}  // namespace
