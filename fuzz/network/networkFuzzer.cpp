@@ -1,6 +1,7 @@
 // Feeds any bytes, cut into pieces of any size, to the reader that puts a
-// connection's messages back together. The pieces must not matter: the same
-// bytes in one piece give the same messages and the same verdict, and no
+// connection's messages back together, and each message it gives on to an
+// object's record reader, as a game would. The pieces must not matter: the
+// same bytes in one piece give the same messages and the same verdict, and no
 // message breaks the frame rules.
 #include <fuzzer/FuzzedDataProvider.h>
 
@@ -8,10 +9,14 @@
 #include <cstdint>
 #include <cstdlib>
 #include <iterator>
+#include <sstream>
 #include <string>
 #include <vector>
 
 #include "MessageReader.h"
+#include "Object.h"
+#include "WorldManager.h"
+#include "quietEngine.h"
 
 namespace {
 
@@ -46,7 +51,21 @@ bool sameMessages(const std::vector<mv::Message>& a, const std::vector<mv::Messa
                     });
 }
 
+// What a game does with a message that it takes for an object's record.
+void readAsRecord(const mv::Message& message) {
+  auto* object = new mv::Object;
+  std::stringstream record(message.payload);
+  object->deserialize(record);
+  mv::WorldManager::getInstance().markForDelete(object);
+}
+
 }  // namespace
+
+extern "C" int LLVMFuzzerInitialize(int*, char***) {
+  mv_fuzz::startQuietLog();
+  mv::WorldManager::getInstance().startUp();
+  return 0;
+}
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   FuzzedDataProvider input(data, size);
@@ -71,5 +90,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   require(whole.isBroken() == in_pieces.isBroken());
   require(whole.getProblem() == in_pieces.getProblem());
   require(whole.getHeldBytes() == in_pieces.getHeldBytes());
+
+  for (const mv::Message& message : from_pieces) {
+    readAsRecord(message);
+  }
+  mv::WorldManager::getInstance().update();
   return 0;
 }
