@@ -4,12 +4,15 @@
 // while the manager runs: held keys are polled in a fixed order instead.
 #pragma once
 
-#include <SFML/Window/Event.hpp>
 #include <memory>
 #include <string>
 
 #include "EventKeyboard.h"
 #include "Manager.h"
+
+namespace sf {
+class Event;
+}  // namespace sf
 
 namespace mv {
 

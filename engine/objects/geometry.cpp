@@ -4,6 +4,7 @@
 
 #include "LogManager.h"
 #include "Object.h"
+// The view that positions are turned to and from is the world's.
 #include "WorldManager.h"
 
 namespace mv {

@@ -1,5 +1,6 @@
 #include "Music.h"
 
+#include <SFML/Audio/Music.hpp>
 #include <utility>
 
 #include "LogManager.h"
@@ -7,9 +8,11 @@
 
 namespace mv {
 
-Music::Music() : label("[Undefined]") {}
+Music::Music() : music(std::make_unique<sf::Music>()), label("[Undefined]") {}
 
-int Music::loadMusic(std::string filename) { return music.openFromFile(filename) ? 0 : -1; }
+Music::~Music() = default;
+
+int Music::loadMusic(std::string filename) { return music->openFromFile(filename) ? 0 : -1; }
 
 void Music::setLabel(std::string new_label) { label = std::move(new_label); }
 
@@ -20,15 +23,15 @@ void Music::play(bool loop) {
   if (!audioDeviceOpened()) {
     return;
   }
-  music.play();
-  music.setLoop(loop);
+  music->play();
+  music->setLoop(loop);
 }
 
 void Music::stop() {
   LogManager::getInstance().writeLog(5, "Music::stop(): Stopping music.");
-  music.stop();
+  music->stop();
 }
 
-bool Music::isPlaying() const { return music.getStatus() == sf::SoundSource::Playing; }
+bool Music::isPlaying() const { return music->getStatus() == sf::SoundSource::Playing; }
 
 }  // namespace mv

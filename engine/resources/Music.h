@@ -1,14 +1,19 @@
 // A music track streamed from its file while it plays, with the label it is found by.
 #pragma once
 
-#include <SFML/Audio/Music.hpp>
+#include <memory>
 #include <string>
+
+namespace sf {
+class Music;
+}  // namespace sf
 
 namespace mv {
 
 class Music {
  public:
   Music();
+  ~Music();
 
   Music(const Music&) = delete;
   Music& operator=(const Music&) = delete;
@@ -24,7 +29,7 @@ class Music {
   bool isPlaying() const;
 
  private:
-  sf::Music music;
+  std::unique_ptr<sf::Music> music;
   std::string label;
 };
 

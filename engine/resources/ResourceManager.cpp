@@ -14,9 +14,12 @@ namespace mv {
 
 namespace {
 
-// The line of the sprite file being read: reset for each file, advanced by
-// the readers, and quoted by their messages.
-int line_number = 0;
+// A sprite file being read, with the number of the line last read, which the
+// readers advance and their messages quote.
+struct SpriteFile {
+  std::istream& stream;
+  int line_number = 0;
+};
 
 using Lines = std::list<std::string>;
 
@@ -40,29 +43,29 @@ void dropCarriageReturn(std::string& line) {
 
 // The next line without its line end, or empty at the end of the file. A last
 // line that ends without a newline reads as the end too: every line must end in one.
-std::string getLine(std::istream& file, bool count) {
+std::string getLine(SpriteFile& file, bool count) {
   std::string line;
-  std::getline(file, line);
-  if (!file.good()) {
+  std::getline(file.stream, line);
+  if (!file.stream.good()) {
     log().writeLog("getLine(): Error! Unexpected end of file.");
     return "";
   }
   dropCarriageReturn(line);
   if (count) {
-    line_number++;
+    file.line_number++;
   }
   return line;
 }
 
 // The lines between "<delimiter>" and "</delimiter>", which must come next in
 // the file. Empty when the block is missing, unclosed, holds an empty line or
-// holds nothing. Afterwards line_number is the line of the closing tag.
-Lines readData(std::istream& file, const std::string& delimiter) {
+// holds nothing. Afterwards the file's line number is the line of the closing tag.
+Lines readData(SpriteFile& file, const std::string& delimiter) {
   const std::string open_tag = "<" + delimiter + ">";
   const std::string close_tag = "</" + delimiter + ">";
   std::string line = getLine(file, true);
   if (line != open_tag) {
-    log().writeLog("readData(): Error line %d! Expected '%s', have '%s'.", line_number,
+    log().writeLog("readData(): Error line %d! Expected '%s', have '%s'.", file.line_number,
                    open_tag.c_str(), line.c_str());
     return {};
   }
@@ -70,16 +73,16 @@ Lines readData(std::istream& file, const std::string& delimiter) {
   line = getLine(file, false);
   while (line != close_tag) {
     if (line.empty()) {
-      log().writeLog("readData(): Error! Stop at line %d, never encountered '%s'.", line_number,
-                     close_tag.c_str());
+      log().writeLog("readData(): Error! Stop at line %d, never encountered '%s'.",
+                     file.line_number, close_tag.c_str());
       return {};
     }
     data.push_back(line);
     line = getLine(file, true);
   }
-  line_number++;
+  file.line_number++;
   if (data.empty()) {
-    log().writeLog("readData(): Error line %d! Nothing between '%s' and '%s'.", line_number,
+    log().writeLog("readData(): Error line %d! Nothing between '%s' and '%s'.", file.line_number,
                    open_tag.c_str(), close_tag.c_str());
   }
   return data;
@@ -135,7 +138,7 @@ void logNoMoreFrameData(int line) {
 // Takes one frame of `height` rows and its "end" line from the front of the
 // body. `line` is where the frame's rows are reckoned from in messages.
 // An empty frame when the rows or the "end" are not there.
-Frame readFrame(Lines& lines, int width, int height, int line) {
+Frame readFrame(const SpriteFile& file, Lines& lines, int width, int height, int line) {
   std::string frame_str;
   for (int row = 0; row < height; row++) {
     if (lines.empty()) {
@@ -159,7 +162,7 @@ Frame readFrame(Lines& lines, int width, int height, int line) {
     return Frame();
   }
   if (lines.front() != "end") {
-    log().writeLog("\tError! Line %d: Expected '%s'.", line_number, "end");
+    log().writeLog("\tError! Line %d: Expected '%s'.", file.line_number, "end");
     log().writeLog("\tLine %d: '%s'", line + 1, lines.front().c_str());
     return Frame();
   }
@@ -229,66 +232,65 @@ void logFrames(const Sprite& sprite) {
 const char* const SIMPLE = "RM::loadSimpleSprite()";
 
 // The next line of a simple header, or empty after saying which item is missing.
-std::string readSimpleItem(std::istream& file, const char* missing) {
+std::string readSimpleItem(SpriteFile& file, const char* missing) {
   const std::string line = getLine(file, true);
   if (line.empty()) {
     log().writeLog("RM::loadSimpleSprite(): Error! Unexpected end of file.");
     log().writeLog("%s", missing);
     return "";
   }
-  log().writeLog(20, "\tLine %2d: '%s'", line_number, line.c_str());
+  log().writeLog(20, "\tLine %2d: '%s'", file.line_number, line.c_str());
   return line;
 }
 
 // A size beyond its limit means a damaged file rather than art.
-bool simpleSizeTooLarge(const char* what, int value, int most) {
+bool simpleSizeTooLarge(const SpriteFile& file, const char* what, int value, int most) {
   if (value <= most) {
     return false;
   }
-  log().writeLog("RM::loadSimpleSprite(): Error line %d! %s is %d, more than %d.", line_number,
+  log().writeLog("RM::loadSimpleSprite(): Error line %d! %s is %d, more than %d.", file.line_number,
                  what, value, most);
   return true;
 }
 
-bool readSimpleFrames(std::istream& file, SpriteHeader& header) {
+bool readSimpleFrames(SpriteFile& file, SpriteHeader& header) {
   const std::string line = readSimpleItem(file, "\tMissing frames (an integer).");
   if (line.empty()) {
     return false;
   }
   header.frames = toInt(line);
   if (header.frames < 1) {
-    log().writeLog("RM::loadSimpleSprite(): Error line %d! Number of frames is %d.", line_number,
-                   header.frames);
+    log().writeLog("RM::loadSimpleSprite(): Error line %d! Number of frames is %d.",
+                   file.line_number, header.frames);
     return false;
   }
-  return !simpleSizeTooLarge("Number of frames", header.frames, MAX_SPRITE_FRAMES);
+  return !simpleSizeTooLarge(file, "Number of frames", header.frames, MAX_SPRITE_FRAMES);
 }
 
 // Reads the integer item `what`, refusing values below `least`.
-bool readSimpleInt(std::istream& file, const char* what, const char* missing, int least,
-                   int& value) {
+bool readSimpleInt(SpriteFile& file, const char* what, const char* missing, int least, int& value) {
   const std::string line = readSimpleItem(file, missing);
   if (line.empty()) {
     return false;
   }
   value = toInt(line);
   if (value < least) {
-    log().writeLog("RM::loadSimpleSprite(): Error line %d! %s is '%s'.", line_number, what,
+    log().writeLog("RM::loadSimpleSprite(): Error line %d! %s is '%s'.", file.line_number, what,
                    line.c_str());
     return false;
   }
   return true;
 }
 
-bool readSimpleColor(std::istream& file, SpriteHeader& header) {
+bool readSimpleColor(SpriteFile& file, SpriteHeader& header) {
   const std::string line = readSimpleItem(file, "\tMissing color (a string).");
   if (line.empty()) {
     return false;
   }
   const int color = colorFromName(line);
   if (color == -1) {
-    log().writeLog("RM::loadSimpleSprite(): Error line %d! Unrecognized color '%s'.", line_number,
-                   line.c_str());
+    log().writeLog("RM::loadSimpleSprite(): Error line %d! Unrecognized color '%s'.",
+                   file.line_number, line.c_str());
     log().writeLog("  Valid colors are: black, red, green, yellow,");
     log().writeLog("                    blue, magenta, cyan or white.");
     return false;
@@ -297,18 +299,18 @@ bool readSimpleColor(std::istream& file, SpriteHeader& header) {
   return true;
 }
 
-bool readSimpleHeader(std::istream& file, SpriteHeader& header) {
+bool readSimpleHeader(SpriteFile& file, SpriteHeader& header) {
   return readSimpleFrames(file, header) &&
          readSimpleInt(file, "Width", "\tMissing width (an integer).", 1, header.width) &&
-         !simpleSizeTooLarge("Width", header.width, MAX_SPRITE_SIDE) &&
+         !simpleSizeTooLarge(file, "Width", header.width, MAX_SPRITE_SIDE) &&
          readSimpleInt(file, "Height", "\tMissing height (an integer).", 1, header.height) &&
-         !simpleSizeTooLarge("Height", header.height, MAX_SPRITE_SIDE) &&
+         !simpleSizeTooLarge(file, "Height", header.height, MAX_SPRITE_SIDE) &&
          readSimpleInt(file, "Slowdown", "\tMissing slowdown (an integer).", 0, header.slowdown) &&
          readSimpleColor(file, header);
 }
 
 // The rows of frame `index` joined, or empty after saying what is wrong with them.
-std::string readSimpleFrame(std::istream& file, const SpriteHeader& header, int index) {
+std::string readSimpleFrame(SpriteFile& file, const SpriteHeader& header, int index) {
   log().writeLog(15, "RM::loadSimpleSprite(): Reading frame %d of %d.", index, header.frames);
   std::string frame_str;
   for (int row = 0; row < header.height; row++) {
@@ -320,27 +322,27 @@ std::string readSimpleFrame(std::istream& file, const SpriteHeader& header, int 
       return "";
     }
     if (line.size() != static_cast<std::size_t>(header.width)) {
-      log().writeLog("RM::loadSimpleSprite(): Error line %d!", line_number);
-      log().writeLog("\tLine %2d: '%s'", line_number, line.c_str());
+      log().writeLog("RM::loadSimpleSprite(): Error line %d!", file.line_number);
+      log().writeLog("\tLine %2d: '%s'", file.line_number, line.c_str());
       log().writeLog("\tWidth is %d, expected %d.", static_cast<int>(line.size()), header.width);
       return "";
     }
-    log().writeLog(20, "\tLine %2d: '%s'", line_number, line.c_str());
+    log().writeLog(20, "\tLine %2d: '%s'", file.line_number, line.c_str());
     frame_str += line;
   }
   return frame_str;
 }
 
 // The file must end right after the last row's newline.
-bool simpleFileEndsHere(std::istream& file) {
+bool simpleFileEndsHere(SpriteFile& file) {
   std::string rest;
-  std::getline(file, rest);
-  line_number++;
-  if (file.eof() && rest.empty()) {
+  std::getline(file.stream, rest);
+  file.line_number++;
+  if (file.stream.eof() && rest.empty()) {
     return true;
   }
   dropCarriageReturn(rest);
-  log().writeLog("RM::loadSimpleSprite(): Error line %d!", line_number);
+  log().writeLog("RM::loadSimpleSprite(): Error line %d!", file.line_number);
   log().writeLog("\tExtra file data: '%s'", rest.c_str());
   return false;
 }
@@ -435,10 +437,11 @@ bool setRobustColor(Sprite& sprite, const std::string& color_name) {
 
 // Reads every frame from the body, which must then be used up. `body_start`
 // is the line of the header's closing tag.
-bool readRobustFrames(Sprite& sprite, const SpriteHeader& header, Lines& body, int body_start) {
+bool readRobustFrames(SpriteFile& file, Sprite& sprite, const SpriteHeader& header, Lines& body,
+                      int body_start) {
   int line = body_start + 2;
   for (int f = 0; f < header.frames; f++) {
-    Frame frame = readFrame(body, header.width, header.height, line);
+    Frame frame = readFrame(file, body, header.width, header.height, line);
     if (frame.getString().empty()) {
       log().writeLog("RM::loadRobustSprite(): Error! No frame data to add.");
       return false;
@@ -453,20 +456,20 @@ bool readRobustFrames(Sprite& sprite, const SpriteHeader& header, Lines& body, i
   }
   log().writeLog("RM::loadRobustSprite(): Error! Extra BODY:");
   for (const std::string& extra : body) {
-    log().writeLog("\tLine %d: %s", line_number, extra.c_str());
-    line_number++;
+    log().writeLog("\tLine %d: %s", file.line_number, extra.c_str());
+    file.line_number++;
   }
   return false;
 }
 
-bool readRobustFooter(std::istream& file) {
+bool readRobustFooter(SpriteFile& file) {
   Lines footer = readData(file, "FOOTER");
   if (footer.empty()) {
     return false;
   }
   if (matchLineStr(footer, "version").empty()) {
     log().writeLog("RM::loadRobustSprite(): Error! Missing '%s' in FOOTER (line %d).", "version",
-                   line_number);
+                   file.line_number);
     return false;
   }
   logUnusedLines(footer, "RM::loadRobustSprite(): Warning! Unused FOOTER lines:");
@@ -557,8 +560,8 @@ int ResourceManager::loadSprite(std::string filename, std::string label) {
     log().writeLog("RM::loadSprite(): Sprite '%s' not loaded.", label.c_str());
     return -1;
   }
-  line_number = 0;
-  const std::string first_line = getLine(file, false);
+  SpriteFile first_look{file};
+  const std::string first_line = getLine(first_look, false);
   file.clear();
   file.seekg(0);
 
@@ -587,10 +590,11 @@ int ResourceManager::loadSprite(std::string filename, std::string label) {
   return 0;
 }
 
-std::unique_ptr<Sprite> ResourceManager::loadSimpleSprite(std::ifstream& file) {
+std::unique_ptr<Sprite> ResourceManager::loadSimpleSprite(std::ifstream& stream) {
   if (refuseWhenStopped()) {
     return nullptr;
   }
+  SpriteFile file{stream};
   SpriteHeader header;
   if (!readSimpleHeader(file, header)) {
     return nullptr;
@@ -617,31 +621,32 @@ std::unique_ptr<Sprite> ResourceManager::loadSimpleSprite(std::ifstream& file) {
   return sprite;
 }
 
-std::unique_ptr<Sprite> ResourceManager::loadRobustSprite(std::ifstream& file) {
+std::unique_ptr<Sprite> ResourceManager::loadRobustSprite(std::ifstream& stream) {
   if (refuseWhenStopped()) {
     return nullptr;
   }
+  SpriteFile file{stream};
   Lines header_lines = readData(file, "HEADER");
   if (header_lines.empty()) {
     return nullptr;
   }
   log().writeLog(20, "ResourceManager::loadRobustSprite(): After header, line number: '%d'",
-                 line_number);
+                 file.line_number);
   SpriteHeader header;
   std::string color_name;
   if (!readRobustHeader(header_lines, header, color_name)) {
     return nullptr;
   }
-  const int body_start = line_number;
+  const int body_start = file.line_number;
   Lines body = readData(file, "BODY");
   if (body.empty()) {
     return nullptr;
   }
   log().writeLog(20, "ResourceManager::loadRobustSprite(): After reading body: line number is '%d'",
-                 line_number);
+                 file.line_number);
   std::unique_ptr<Sprite> sprite = makeSprite(header, ROBUST);
   if (sprite == nullptr || !setRobustColor(*sprite, color_name) ||
-      !readRobustFrames(*sprite, header, body, body_start) || !readRobustFooter(file)) {
+      !readRobustFrames(file, *sprite, header, body, body_start) || !readRobustFooter(file)) {
     return nullptr;
   }
   return sprite;

@@ -1,5 +1,7 @@
 #include "Sound.h"
 
+#include <SFML/Audio/Sound.hpp>
+#include <SFML/Audio/SoundBuffer.hpp>
 #include <utility>
 
 #include "LogManager.h"
@@ -7,19 +9,19 @@
 
 namespace mv {
 
-Sound::Sound() : label("[Undefined]") {}
+Sound::Sound() : sound_buffer(std::make_unique<sf::SoundBuffer>()), label("[Undefined]") {}
 
 // The player goes before the samples it plays.
 Sound::~Sound() { sound.reset(); }
 
 int Sound::loadSound(std::string filename) {
-  if (!sound_buffer.loadFromFile(filename)) {
+  if (!sound_buffer->loadFromFile(filename)) {
     return -1;
   }
   if (sound == nullptr) {
-    sound = std::make_unique<sf::Sound>(sound_buffer);
+    sound = std::make_unique<sf::Sound>(*sound_buffer);
   } else {
-    sound->setBuffer(sound_buffer);
+    sound->setBuffer(*sound_buffer);
   }
   return 0;
 }

@@ -1,10 +1,13 @@
 // A short sound effect held in memory, with the label it is found by.
 #pragma once
 
-#include <SFML/Audio/Sound.hpp>
-#include <SFML/Audio/SoundBuffer.hpp>
 #include <memory>
 #include <string>
+
+namespace sf {
+class Sound;
+class SoundBuffer;
+}  // namespace sf
 
 namespace mv {
 
@@ -31,7 +34,7 @@ class Sound {
  private:
   // Made at the first successful load and kept for later ones.
   std::unique_ptr<sf::Sound> sound;
-  sf::SoundBuffer sound_buffer;
+  std::unique_ptr<sf::SoundBuffer> sound_buffer;
   std::string label;
 };
 

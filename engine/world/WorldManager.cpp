@@ -7,6 +7,7 @@
 #include "LogManager.h"
 #include "Object.h"
 #include "ObjectListIterator.h"
+// View objects stand on the screen rather than in the world, so drawing never culls them.
 #include "ViewObject.h"
 #include "geometry.h"
 
