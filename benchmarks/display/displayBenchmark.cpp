@@ -90,13 +90,15 @@ int main() {
       timeRound(way);
     }
   }
-  std::printf("Full screens of %d by %d cells in a window of %d by %d pixels, median of %d rounds:\n",
-              display.getHorizontalChars(), display.getVerticalChars(),
-              display.getHorizontalPixels(), display.getVerticalPixels(), ROUNDS);
+  std::printf(
+      "Full screens of %d by %d cells in a window of %d by %d pixels, median of %d rounds:\n",
+      display.getHorizontalChars(), display.getVerticalChars(), display.getHorizontalPixels(),
+      display.getVerticalPixels(), ROUNDS);
   const double quads = median(ways[1].rounds);
   for (const Way& way : ways) {
     const double ms = median(way.rounds);
-    std::printf("  %-30s %7.2f ms per frame  %5.3f of the batch of quads", way.name, ms, ms / quads);
+    std::printf("  %-30s %7.2f ms per frame  %5.3f of the batch of quads", way.name, ms,
+                ms / quads);
     if (way.target > 0.0) {
       std::printf("  (at most %.2f: %s)", way.target, ms / quads <= way.target ? "met" : "MISSED");
     }

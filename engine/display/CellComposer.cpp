@@ -149,8 +149,7 @@ bool CellComposer::add(sf::Vector2f background_at, sf::Vector2f glyph_at, char c
   }
   // A mask holds a glyph drawn from the corner of a pixel; elsewhere the card
   // samples the font between its texels, which a mask can't foresee.
-  const bool on_pixel_corner =
-      glyph == nullptr || sf::Vector2f(cell.glyph_at) == glyph_at;
+  const bool on_pixel_corner = glyph == nullptr || sf::Vector2f(cell.glyph_at) == glyph_at;
   if (!on_pixel_corner || touchesRefused(cell.reach)) {
     refuse(cell.reach);
     return false;
@@ -304,8 +303,8 @@ void CellComposer::paintCell(const Cell& cell, const sf::IntRect& area) {
     fill(covered, background_pixel);
   }
   if (cell.mask != nullptr) {
-    blend(*cell.mask, cell.glyph_at + sf::Vector2i(cell.mask->rect.left, cell.mask->rect.top),
-          area, cell.color);
+    blend(*cell.mask, cell.glyph_at + sf::Vector2i(cell.mask->rect.left, cell.mask->rect.top), area,
+          cell.color);
   }
 }
 
@@ -325,9 +324,9 @@ void CellComposer::blend(const GlyphMask& mask, sf::Vector2i at, const sf::IntRe
   const BlendTable& table = blendTable();
   const std::uint32_t solid = pixelOf(color);
   for (int y = inked.top; y < inked.top + inked.height; ++y) {
-    const unsigned char* coverage =
-        mask.coverage.data() + static_cast<std::size_t>(y - at.y) * mask.rect.width +
-        (inked.left - at.x);
+    const unsigned char* coverage = mask.coverage.data() +
+                                    static_cast<std::size_t>(y - at.y) * mask.rect.width +
+                                    (inked.left - at.x);
     std::uint32_t* row = pixels.data() + static_cast<std::size_t>(y) * size.x + inked.left;
     for (int x = 0; x < inked.width; ++x) {
       const unsigned a = coverage[x];
@@ -380,7 +379,8 @@ void CellComposer::upload(const sf::IntRect& area) {
   if (area.width <= 0 || area.height <= 0) {
     return;
   }
-  const std::uint32_t* first = pixels.data() + static_cast<std::size_t>(area.top) * size.x + area.left;
+  const std::uint32_t* first =
+      pixels.data() + static_cast<std::size_t>(area.top) * size.x + area.left;
   if (area.width != size.x) {
     upload_buffer.resize(static_cast<std::size_t>(area.width) * area.height);
     for (int y = 0; y < area.height; ++y) {
@@ -395,28 +395,34 @@ void CellComposer::upload(const sf::IntRect& area) {
                   static_cast<unsigned>(area.top));
 }
 
-// The picture is drawn only where cells are; the rest of the window is cleared to the background.
-void CellComposer::buildQuads() {
-  quads.clear();
-  covers_all = std::find(shown_digests.begin(), shown_digests.end(), EMPTY_TILE) ==
-               shown_digests.end();
-  if (covers_all) {
-    addQuad(sf::IntRect(0, 0, size.x, size.y));
-    return;
-  }
+template <typename Test, typename Visit>
+void CellComposer::forEachRunOfTiles(Test test, Visit visit) const {
   for (int row = 0; row < tile_rows; ++row) {
     for (int column = 0; column < tile_columns;) {
-      if (shown_digests[tileIndex(column, row)] == EMPTY_TILE) {
+      if (!test(tileIndex(column, row))) {
         ++column;
         continue;
       }
       const int run_start = column;
-      while (column < tile_columns && shown_digests[tileIndex(column, row)] != EMPTY_TILE) {
+      while (column < tile_columns && test(tileIndex(column, row))) {
         ++column;
       }
-      addQuad(tileArea(run_start, row, column));
+      visit(tileArea(run_start, row, column));
     }
   }
+}
+
+// The picture is drawn only where cells are; the rest of the window is cleared to the background.
+void CellComposer::buildQuads() {
+  quads.clear();
+  covers_all =
+      std::find(shown_digests.begin(), shown_digests.end(), EMPTY_TILE) == shown_digests.end();
+  if (covers_all) {
+    addQuad(sf::IntRect(0, 0, size.x, size.y));
+    return;
+  }
+  forEachRunOfTiles([&](std::size_t tile) { return shown_digests[tile] != EMPTY_TILE; },
+                    [&](const sf::IntRect& area) { addQuad(area); });
 }
 
 void CellComposer::addQuad(const sf::IntRect& area) {
@@ -428,7 +434,8 @@ void CellComposer::addQuad(const sf::IntRect& area) {
   const sf::Vertex top_right(sf::Vector2f(right, top), sf::Vector2f(right, top));
   const sf::Vertex bottom_left(sf::Vector2f(left, bottom), sf::Vector2f(left, bottom));
   const sf::Vertex bottom_right(sf::Vector2f(right, bottom), sf::Vector2f(right, bottom));
-  quads.insert(quads.end(), {top_left, top_right, bottom_left, bottom_left, top_right, bottom_right});
+  quads.insert(quads.end(),
+               {top_left, top_right, bottom_left, bottom_left, top_right, bottom_right});
 }
 
 void CellComposer::draw(sf::RenderTarget& target) {
@@ -442,19 +449,8 @@ void CellComposer::draw(sf::RenderTarget& target) {
 }
 
 void CellComposer::putChanged(WindowPainter& painter) const {
-  for (int row = 0; row < tile_rows; ++row) {
-    for (int column = 0; column < tile_columns;) {
-      if (!dirty[tileIndex(column, row)]) {
-        ++column;
-        continue;
-      }
-      const int run_start = column;
-      while (column < tile_columns && dirty[tileIndex(column, row)]) {
-        ++column;
-      }
-      painter.put(pixels.data(), size.x, tileArea(run_start, row, column));
-    }
-  }
+  forEachRunOfTiles([&](std::size_t tile) { return dirty[tile] != 0; },
+                    [&](const sf::IntRect& area) { painter.put(pixels.data(), size.x, area); });
 }
 
 void CellComposer::putAll(WindowPainter& painter) const {
@@ -485,7 +481,8 @@ sf::IntRect CellComposer::tileArea(int first_column, int row, int end_column) co
 sf::IntRect CellComposer::tilesTouched(const sf::IntRect& area) const {
   const int first_column = area.left / TILE;
   const int first_row = area.top / TILE;
-  return sf::IntRect(first_column, first_row, (area.left + area.width - 1) / TILE - first_column + 1,
+  return sf::IntRect(first_column, first_row,
+                     (area.left + area.width - 1) / TILE - first_column + 1,
                      (area.top + area.height - 1) / TILE - first_row + 1);
 }
 

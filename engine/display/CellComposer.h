@@ -89,6 +89,9 @@ class CellComposer {
   void paintCell(const Cell& cell, const sf::IntRect& area);
   void fill(const sf::IntRect& area, std::uint32_t pixel);
   void blend(const GlyphMask& mask, sf::Vector2i at, const sf::IntRect& area, sf::Color color);
+  // Each row's runs of neighbouring tiles that pass `test`, one area a run.
+  template <typename Test, typename Visit>
+  void forEachRunOfTiles(Test test, Visit visit) const;
   void uploadDirtyRows();
   void upload(const sf::IntRect& area);
   void buildQuads();

@@ -416,7 +416,8 @@ int DisplayManager::swapBuffers() {
 // its changed tiles, and an unchanged one nothing at all.
 bool DisplayManager::putPicture() {
   const bool changed = composer->compose();
-  if (showing_picture_alone && frames_not_shown < MOST_FRAMES_NOT_SHOWN) {
+  const bool pixels_lost = painter != nullptr && painter->lostPixels();
+  if (showing_picture_alone && !pixels_lost && frames_not_shown < MOST_FRAMES_NOT_SHOWN) {
     ++frames_not_shown;
     if (!changed) {
       return true;

@@ -13,11 +13,11 @@
 #include "CellBatch.h"
 #include "CellComposer.h"
 #include "CellRecorder.h"
-#include "WindowPainter.h"
 #include "Color.h"
 #include "Justification.h"
 #include "Manager.h"
 #include "Vector.h"
+#include "WindowPainter.h"
 
 namespace sf {
 class Drawable;

@@ -52,10 +52,9 @@ bool GlyphMasks::setText(const sf::Text& new_text) {
 sf::IntRect GlyphMasks::reach(const sf::Glyph& glyph, float baseline, sf::Vector2f origin) {
   // The glyph's quad reaches one pixel past its bounds, as the text draws it;
   // one pixel more on each side keeps rounding at its edges inside the mask.
-  const sf::IntRect quad =
-      pixelsCovered(sf::FloatRect(origin.x + glyph.bounds.left - 1.0f,
-                                  origin.y + baseline + glyph.bounds.top - 1.0f,
-                                  glyph.bounds.width + 2.0f, glyph.bounds.height + 2.0f));
+  const sf::IntRect quad = pixelsCovered(sf::FloatRect(
+      origin.x + glyph.bounds.left - 1.0f, origin.y + baseline + glyph.bounds.top - 1.0f,
+      glyph.bounds.width + 2.0f, glyph.bounds.height + 2.0f));
   return sf::IntRect(quad.left - 1, quad.top - 1, quad.width + 2, quad.height + 2);
 }
 
@@ -95,7 +94,8 @@ std::size_t GlyphMasks::drawSome(std::size_t first) {
   }
   const std::size_t columns = std::max(CANVAS_SIDE / static_cast<unsigned>(slot_width), 1u);
   const std::size_t rows = std::max(CANVAS_SIDE / static_cast<unsigned>(slot_height), 1u);
-  const std::size_t count = std::min(std::max<std::size_t>(columns * rows, 1), wanted.size() - first);
+  const std::size_t count =
+      std::min(std::max<std::size_t>(columns * rows, 1), wanted.size() - first);
   const auto slotCorner = [&](std::size_t place) {
     return sf::Vector2i(static_cast<int>(place % columns) * slot_width,
                         static_cast<int>(place / columns) * slot_height);

@@ -17,12 +17,18 @@ struct WindowPainter::Connection {
   Visual* visual = nullptr;
   int depth = 0;
   GC gc = nullptr;
+  // A connection of our own that hears when X throws pixels of the window
+  // away, leaving the window's other events to the graphics card's connection.
+  Display* listener = nullptr;
   // Each pixel as the X server lays it out: blue, green, red and an opaque alpha, in memory order.
   std::vector<unsigned char> pixels;
 
   ~Connection() {
     if (gc != nullptr) {
       XFreeGC(display, gc);
+    }
+    if (listener != nullptr) {
+      XCloseDisplay(listener);
     }
   }
 };
@@ -49,6 +55,11 @@ bool WindowPainter::open(sf::WindowHandle window) {
   connection->visual = attributes.visual;
   connection->depth = attributes.depth;
   connection->gc = XCreateGC(display, window, 0, nullptr);
+  connection->listener = XOpenDisplay(nullptr);
+  if (connection->listener != nullptr) {
+    XSelectInput(connection->listener, window, ExposureMask);
+    XFlush(connection->listener);
+  }
   return true;
 }
 
@@ -69,11 +80,10 @@ void WindowPainter::put(const std::uint32_t* picture, int width, const sf::IntRe
       out[3] = 255;
     }
   }
-  XImage* image = XCreateImage(connection->display, connection->visual,
-                               static_cast<unsigned>(connection->depth), ZPixmap, 0,
-                               reinterpret_cast<char*>(pixels.data()),
-                               static_cast<unsigned>(area.width), static_cast<unsigned>(area.height),
-                               32, 0);
+  XImage* image = XCreateImage(
+      connection->display, connection->visual, static_cast<unsigned>(connection->depth), ZPixmap, 0,
+      reinterpret_cast<char*>(pixels.data()), static_cast<unsigned>(area.width),
+      static_cast<unsigned>(area.height), 32, 0);
   if (image == nullptr) {
     return;
   }
@@ -83,6 +93,19 @@ void WindowPainter::put(const std::uint32_t* picture, int width, const sf::IntRe
   // The pixels belong to the vector, not to the image.
   image->data = nullptr;
   XDestroyImage(image);
+}
+
+bool WindowPainter::lostPixels() {
+  if (connection == nullptr || connection->listener == nullptr) {
+    return true;
+  }
+  bool lost = false;
+  while (XPending(connection->listener) > 0) {
+    XEvent event;
+    XNextEvent(connection->listener, &event);
+    lost = lost || event.type == Expose;
+  }
+  return lost;
 }
 
 void WindowPainter::finish() {

@@ -27,6 +27,10 @@ class WindowPainter {
   // Waits until the X server has taken everything put.
   void finish();
 
+  // Whether X has thrown away pixels of the window since the last call, as
+  // when it was moved or uncovered: then it needs all its pixels again.
+  bool lostPixels();
+
  private:
   struct Connection;
   std::unique_ptr<Connection> connection;

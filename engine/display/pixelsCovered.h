@@ -5,7 +5,8 @@
 
 namespace mv {
 
-// The pixels whose centres lie on or past the left and top edges and before the right and bottom ones.
+// The pixels whose centres lie on or past the left and top edges and before the right and bottom
+// ones.
 sf::IntRect pixelsCovered(const sf::FloatRect& area);
 
 }  // namespace mv
