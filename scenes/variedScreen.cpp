@@ -17,15 +17,19 @@ char cellCharacter(int x, int y, int frame) {
 
 }  // namespace
 
-void drawVariedScreen(int frame) {
+void drawVariedScreen(int frame) { drawSlowlyChangingScreen(frame, 1); }
+
+void drawSlowlyChangingScreen(int frame, int period) {
   mv::DisplayManager& display = mv::DisplayManager::getInstance();
   for (int y = 0; y < display.getVerticalChars(); ++y) {
     for (int x = 0; x < display.getHorizontalChars(); ++x) {
-      const unsigned char red = static_cast<unsigned char>((x * 37 + frame * 11) % 256);
+      const int turn = (x * 31 + y * 17) % period;
+      const int look = (frame + turn) / period;
+      const unsigned char red = static_cast<unsigned char>((x * 37 + look * 11) % 256);
       const unsigned char green = static_cast<unsigned char>((y * 53 + x * 3) % 256);
-      const unsigned char blue = static_cast<unsigned char>((x * y + frame * 29) % 256);
+      const unsigned char blue = static_cast<unsigned char>((x * y + look * 29) % 256);
       display.drawCharacter(mv::Vector(static_cast<float>(x), static_cast<float>(y)),
-                            cellCharacter(x, y, frame), red, green, blue, 0.0f);
+                            cellCharacter(x, y, look), red, green, blue, 0.0f);
     }
   }
 }

@@ -9,4 +9,9 @@ namespace mv_scenes {
 // characters and colours, so that no two frames in a row look alike.
 void drawVariedScreen(int frame);
 
+// Draws every cell of the grid once, as drawVariedScreen does, but each cell
+// changes only once in `period` frames, and their turns are spread so that
+// about one cell in `period` changes from one frame to the next.
+void drawSlowlyChangingScreen(int frame, int period);
+
 }  // namespace mv_scenes

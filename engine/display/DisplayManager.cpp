@@ -30,6 +30,10 @@ constexpr float LARGEST_CHARACTER_SIZE = 512.0f;
 // Larger windows are mistakes in the configuration, not screens.
 constexpr int LARGEST_WINDOW_SIDE = 32767;
 
+// The whole picture is put into the window again after this many frames, so
+// that a window that was covered and uncovered soon shows all of it again.
+constexpr int MOST_FRAMES_NOT_SHOWN = 30;
+
 // A connection to the display server, closed when it goes.
 using DisplayConnection = std::unique_ptr<Display, decltype(&XCloseDisplay)>;
 
@@ -97,7 +101,12 @@ DisplayManager::DisplayManager()
       window_background_color(sf::Color::Black),
       character_size(INITIAL_CHARACTER_SIZE),
       code_points(),
+      glyphs(),
       batching(true),
+      composing(true),
+      picture_open(true),
+      showing_picture_alone(false),
+      frames_not_shown(0),
       window_plain(false),
       cell_recorder(nullptr) {
   setType("DisplayManager");
@@ -220,14 +229,25 @@ int DisplayManager::createDrawables() {
   window_background_color = colorToSFML(Config::getInstance().getWindowBackgroundColor());
   rectangle->setFillColor(window_background_color);
   batch.setBackground(sf::Vector2f(charWidth(), charHeight()), window_background_color);
-  // The first frame starts on the background, like every frame after a swap.
-  clearToBackground();
 
   // The text turns its string into code points through the current locale; the batch
   // must find the very same glyphs.
   for (unsigned c = 0; c < code_points.size(); ++c) {
     code_points[c] = sf::String(std::string(1, static_cast<char>(c)))[0];
   }
+  glyphs.fill(nullptr);
+
+  composer = std::make_unique<CellComposer>();
+  if (!composer->create(window->getSize(), sf::Vector2f(charWidth(), charHeight()),
+                        window_background_color, *text)) {
+    composer.reset();
+  }
+  painter = std::make_unique<WindowPainter>();
+  if (!window->setActive(true) || !painter->open(window->getSystemHandle())) {
+    log().writeLog(5, "DisplayManager::startUp(): pictures go through the graphics card alone.");
+    painter.reset();
+  }
+  startFrame();
   return 0;
 }
 
@@ -253,6 +273,8 @@ void DisplayManager::shutDown() {
 
 void DisplayManager::releaseGraphics() {
   batch.clear();
+  painter.reset();
+  composer.reset();
   if (window != nullptr) {
     window->close();
     window.reset();
@@ -284,6 +306,14 @@ int DisplayManager::drawCharacter(Vector world_pos, char ch, unsigned char r, un
   const sf::Vector2f background_at(pixel.getX() - charWidth() / 10,
                                    pixel.getY() + charHeight() / 5);
   const sf::Color color(r, g, b);
+  if (batching && composing && picture_open && composer != nullptr && rotation == 0.0f) {
+    // A cell that the picture refuses goes in the batch, drawn over the picture.
+    if (!composer->add(background_at, glyph_at, ch, glyphOf(ch), color)) {
+      batchCell(background_at, glyph_at, ch, color, rotation);
+    }
+    return 0;
+  }
+  paintPicture();
   if (batching) {
     batchCell(background_at, glyph_at, ch, color, rotation);
   } else {
@@ -313,11 +343,18 @@ void DisplayManager::drawCellAlone(sf::Vector2f background_at, sf::Vector2f glyp
 
 void DisplayManager::batchCell(sf::Vector2f background_at, sf::Vector2f glyph_at, char ch,
                                sf::Color color, float rotation) {
-  const sf::Uint32 code_point = code_points[static_cast<unsigned char>(ch)];
-  const sf::Glyph* glyph =
-      isBlank(code_point) ? nullptr : &font->getGlyph(code_point, character_size, true);
   // A text hangs its glyphs from a baseline one character size below its origin.
-  batch.add(background_at, glyph_at, static_cast<float>(character_size), glyph, color, rotation);
+  batch.add(background_at, glyph_at, static_cast<float>(character_size), glyphOf(ch), color,
+            rotation);
+}
+
+// The font keeps each glyph in one place for as long as it lives.
+const sf::Glyph* DisplayManager::glyphOf(char ch) {
+  const unsigned char index = static_cast<unsigned char>(ch);
+  if (glyphs[index] == nullptr && !isBlank(code_points[index])) {
+    glyphs[index] = &font->getGlyph(code_points[index], character_size, true);
+  }
+  return glyphs[index];
 }
 
 void DisplayManager::drawBatch() {
@@ -360,10 +397,65 @@ int DisplayManager::swapBuffers() {
   if (window == nullptr) {
     return -1;
   }
+  const bool picture_alone = picture_open && composer != nullptr && batch.empty();
+  if (picture_alone && putPicture()) {
+    startFrame();
+    return 0;
+  }
+  paintPicture();
   drawBatch();
   window->display();
-  clearToBackground();
+  showing_picture_alone = picture_alone;
+  frames_not_shown = 0;
+  startFrame();
   return 0;
+}
+
+// The window keeps what X put into it from one frame to the next, unlike the
+// graphics card's buffers: a picture that the window shows already needs only
+// its changed tiles, and an unchanged one nothing at all.
+bool DisplayManager::putPicture() {
+  const bool changed = composer->compose();
+  const bool pixels_lost = painter != nullptr && painter->lostPixels();
+  if (showing_picture_alone && !pixels_lost && frames_not_shown < MOST_FRAMES_NOT_SHOWN) {
+    ++frames_not_shown;
+    if (!changed) {
+      return true;
+    }
+    if (painter == nullptr) {
+      return false;
+    }
+    composer->putChanged(*painter);
+  } else if (painter != nullptr) {
+    composer->putAll(*painter);
+    frames_not_shown = 0;
+  } else {
+    return false;
+  }
+  painter->finish();
+  showing_picture_alone = true;
+  return true;
+}
+
+void DisplayManager::paintPicture() {
+  if (!picture_open) {
+    return;
+  }
+  picture_open = false;
+  if (composer == nullptr) {
+    clearToBackground();
+    return;
+  }
+  composer->compose();
+  composer->draw(*window);
+  window_plain = composer->empty();
+}
+
+void DisplayManager::startFrame() {
+  picture_open = true;
+  if (composer != nullptr) {
+    composer->startFrame();
+  }
 }
 
 int DisplayManager::captureScreen(sf::Image& picture) {
@@ -375,6 +467,7 @@ int DisplayManager::captureScreen(sf::Image& picture) {
     log().writeLog("DisplayManager::captureScreen(): Error! No window in headless mode.");
     return -1;
   }
+  paintPicture();
   drawBatch();
   const sf::Vector2u size = window->getSize();
   sf::Texture copy;
@@ -412,6 +505,10 @@ void DisplayManager::setBatching(bool batched) {
 
 bool DisplayManager::getBatching() const { return batching; }
 
+void DisplayManager::setComposing(bool composed) { composing = composed; }
+
+bool DisplayManager::getComposing() const { return composing; }
+
 void DisplayManager::setCellRecorder(CellRecorder* recorder) { cell_recorder = recorder; }
 
 int DisplayManager::getHorizontalChars() const { return window_horizontal_chars; }
@@ -428,6 +525,7 @@ int DisplayManager::draw(const sf::Drawable& drawable) {
   if (window == nullptr) {
     return -1;
   }
+  paintPicture();
   drawBatch();
   window->draw(drawable);
   window_plain = false;

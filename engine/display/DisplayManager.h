@@ -11,11 +11,13 @@
 #include <string>
 
 #include "CellBatch.h"
+#include "CellComposer.h"
 #include "CellRecorder.h"
 #include "Color.h"
 #include "Justification.h"
 #include "Manager.h"
 #include "Vector.h"
+#include "WindowPainter.h"
 
 namespace sf {
 class Drawable;
@@ -70,11 +72,18 @@ class DisplayManager : public Manager {
   // must end in ".png". 0, or -1 with a log line.
   int saveScreenshot(std::string file);
 
-  // Cells are drawn in batches by default, the whole frame in one call to
-  // the graphics card, and look and overlap exactly as when each goes alone.
-  // Drawing them one by one is kept for comparison.
+  // Cells are drawn in batches by default, and look and overlap exactly as
+  // when each goes alone. Drawing them one by one is kept for comparison.
   void setBatching(bool batched);
   bool getBatching() const;
+
+  // How batched cells reach the window. Composed (the default): the cells
+  // drawn before anything else in a frame are laid on the CPU into one
+  // picture, which keeps what did not change since the last frame; an
+  // unchanged picture is not drawn again. Cells after a figure, or turned,
+  // go as a batch of quads. Not composed: every cell goes in that batch.
+  void setComposing(bool composed);
+  bool getComposing() const;
 
   // Not owned; null stops the recording. Headless, the recorder stands in for
   // the screen, and the cells it takes count as drawn.
@@ -106,7 +115,14 @@ class DisplayManager : public Manager {
                      float rotation);
   void batchCell(sf::Vector2f background_at, sf::Vector2f glyph_at, char ch, sf::Color color,
                  float rotation);
+  const sf::Glyph* glyphOf(char ch);
   void drawBatch();
+  // Puts the picture of this frame's composed cells into the window, under
+  // whatever comes after; from then on this frame's cells go in the batch.
+  void paintPicture();
+  // Shows a frame of the picture alone, straight through X; false when it can't.
+  bool putPicture();
+  void startFrame();
   void clearToBackground();
 
   std::unique_ptr<sf::Font> font;
@@ -122,8 +138,21 @@ class DisplayManager : public Manager {
   unsigned character_size;
   // What the text makes of each char: the code point it looks up in the font.
   std::array<sf::Uint32, 256> code_points;
+  // The font's glyph of each char once looked up; null for blanks and chars not yet looked up.
+  std::array<const sf::Glyph*, 256> glyphs;
   bool batching;
   CellBatch batch;
+  bool composing;
+  // Null when the graphics card can't hold a picture of the window's size.
+  std::unique_ptr<CellComposer> composer;
+  // Null when the window's pixels are laid out in a way it doesn't know.
+  std::unique_ptr<WindowPainter> painter;
+  // Whether nothing has been drawn into the window since the frame began, so
+  // that cells may still join the picture.
+  bool picture_open;
+  // Whether the window shows the picture as composed last and nothing over it.
+  bool showing_picture_alone;
+  int frames_not_shown;
   // Whether the window shows nothing but the background since it was last cleared.
   bool window_plain;
   CellRecorder* cell_recorder;

@@ -14,6 +14,7 @@
 #include "GameManager.h"
 #include "LogManager.h"
 #include "ScratchDirectory.h"
+#include "Shape.h"
 #include "displayStart.h"
 #include "logLines.h"
 #include "variedScreen.h"
@@ -183,6 +184,49 @@ void drawFigureUnderCells() {
   drawVariedAndOffGrid();
 }
 
+// Cells under a shape, the shape, then cells of every named colour over it.
+void drawCellsAroundAShape() {
+  drawVariedScreen();
+  mv::Shape shape;
+  shape.setSize(60.0f);
+  shape.setColorRGB(30, 160, 220);
+  shape.draw(Vector(12, 6));
+  for (int c = mv::BLACK; c <= mv::WHITE; ++c) {
+    DisplayManager::getInstance().drawString(Vector(10, 5.0f + static_cast<float>(c)), "#over#",
+                                             mv::LEFT, static_cast<mv::Color>(c));
+  }
+}
+
+// A frame shown, then one where only a few cells differ from it.
+void drawAFewChangedCells() {
+  mv_scenes::drawSlowlyChangingScreen(0, 50);
+  DisplayManager::getInstance().swapBuffers();
+  mv_scenes::drawSlowlyChangingScreen(1, 50);
+}
+
+struct Way {
+  const char* name;
+  bool batched;
+  bool composed;
+};
+
+const Way ONE_BY_ONE{"one by one", false, false};
+const Way WAYS[] = {{"batch of quads", true, false}, {"composed", true, true}};
+
+sf::Image drawnAs(const Way& way, void (*scene)()) {
+  DisplayManager& display = DisplayManager::getInstance();
+  display.setBatching(way.batched);
+  display.setComposing(way.composed);
+  scene();
+  const sf::Image picture = mv_test::captureWindow();
+  display.swapBuffers();
+  return picture;
+}
+
+int mostDiffering(const sf::Image& picture) {
+  return static_cast<int>(picture.getSize().x * picture.getSize().y / 1000);
+}
+
 TEST(DisplayWindowBatches, LookLikeCellsDrawnOneByOne) {
   for (const char* grid : {"window_horizontal_chars:157,window_vertical_chars:48,"
                            "window_horizontal_pixels:1256,window_vertical_pixels:768,",
@@ -190,23 +234,50 @@ TEST(DisplayWindowBatches, LookLikeCellsDrawnOneByOne) {
                            "window_horizontal_pixels:1024,window_vertical_pixels:768,"}) {
     mv_test::ScratchDirectory scratch;
     ASSERT_EQ(mv_test::startDisplay(grid), 0);
-    DisplayManager& display = DisplayManager::getInstance();
-    for (void (*scene)() :
-         {drawVariedScreen, drawVariedAndOffGrid, drawVariedAndTurned, drawFigureUnderCells}) {
-      sf::Image pictures[2];
-      for (const bool batched : {false, true}) {
-        display.setBatching(batched);
-        scene();
-        pictures[batched] = mv_test::captureWindow();
-        display.swapBuffers();
+    for (void (*scene)() : {drawVariedScreen, drawVariedAndOffGrid, drawVariedAndTurned,
+                            drawFigureUnderCells, drawCellsAroundAShape, drawAFewChangedCells}) {
+      const sf::Image alone = drawnAs(ONE_BY_ONE, scene);
+      for (const Way& way : WAYS) {
+        EXPECT_LE(differingPixels(alone, drawnAs(way, scene)), mostDiffering(alone))
+            << "grid '" << grid << "', scene " << reinterpret_cast<void*>(scene) << ", "
+            << way.name;
       }
-      const sf::Vector2u size = pictures[0].getSize();
-      EXPECT_LE(differingPixels(pictures[0], pictures[1]), static_cast<int>(size.x * size.y / 1000))
-          << "grid '" << grid << "', scene " << reinterpret_cast<void*>(scene);
     }
-    display.shutDown();
+    DisplayManager::getInstance().shutDown();
     mv::LogManager::getInstance().shutDown();
   }
+}
+
+// A picture that nothing covers goes into the window without the graphics
+// card: what the window shows after each swap is read back from the X server.
+TEST(DisplayWindowBatches, ShowPicturesAloneInTheWindowAsCaptured) {
+  mv_test::ScratchDirectory scratch;
+  ASSERT_EQ(mv_test::startDisplay("window_horizontal_chars:157,window_vertical_chars:48,"
+                                  "window_horizontal_pixels:1256,window_vertical_pixels:768,"),
+            0);
+  DisplayManager& display = DisplayManager::getInstance();
+  // X keeps no pixels of a window outside the screen.
+  display.getWindow()->setPosition(sf::Vector2i(0, 0));
+  const Way& composed = WAYS[1];
+  const auto steady = [] { mv_scenes::drawSlowlyChangingScreen(0, 50); };
+  const auto changed = [] { mv_scenes::drawSlowlyChangingScreen(1, 50); };
+  const sf::Image captured[] = {drawnAs(composed, steady), drawnAs(composed, changed)};
+  // The whole picture, the same again, then a few cells changed; last, a frame without cells.
+  const struct {
+    void (*scene)();
+    const sf::Image& expected;
+  } frames[] = {{steady, captured[0]}, {steady, captured[0]}, {changed, captured[1]}};
+  for (const auto& frame : frames) {
+    frame.scene();
+    display.swapBuffers();
+    const sf::Image shown = mv_test::readWindowFromX();
+    EXPECT_LE(differingPixels(frame.expected, shown), mostDiffering(shown))
+        << "frame " << &frame - frames;
+  }
+  display.swapBuffers();
+  EXPECT_EQ(mv_test::readWindowFromX().getPixel(600, 300), sf::Color::Black);
+  display.shutDown();
+  mv::LogManager::getInstance().shutDown();
 }
 
 TEST_P(DisplayWindow, SavesWhatTheNextSwapShowsAsAPng) {

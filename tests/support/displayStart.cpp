@@ -2,11 +2,16 @@
 
 #include <gtest/gtest.h>
 
+#include <SFML/Graphics/RenderWindow.hpp>
 #include <filesystem>
 
 #include "Config.h"
 #include "DisplayManager.h"
 #include "LogManager.h"
+
+// Last: Xlib defines macros that would clash with names in SFML's headers.
+#include <X11/Xlib.h>
+#include <X11/Xutil.h>
 
 namespace mv_test {
 
@@ -20,6 +25,31 @@ int startDisplay(const std::string& config) {
   mv::Config::getInstance().loadConfig(config);
   EXPECT_EQ(mv::LogManager::getInstance().startUp(), 0);
   return mv::DisplayManager::getInstance().startUp();
+}
+
+sf::Image readWindowFromX() {
+  sf::Image picture;
+  Display* display = XOpenDisplay(nullptr);
+  sf::RenderWindow* window = mv::DisplayManager::getInstance().getWindow();
+  if (display == nullptr || window == nullptr) {
+    ADD_FAILURE() << "no X server or no window to read";
+    return picture;
+  }
+  const sf::Vector2u size = window->getSize();
+  XImage* image =
+      XGetImage(display, window->getSystemHandle(), 0, 0, size.x, size.y, AllPlanes, ZPixmap);
+  picture.create(size.x, size.y);
+  for (unsigned y = 0; image != nullptr && y < size.y; ++y) {
+    for (unsigned x = 0; x < size.x; ++x) {
+      const unsigned long pixel = XGetPixel(image, static_cast<int>(x), static_cast<int>(y));
+      picture.setPixel(x, y, sf::Color(pixel >> 16 & 0xff, pixel >> 8 & 0xff, pixel & 0xff));
+    }
+  }
+  if (image != nullptr) {
+    XDestroyImage(image);
+  }
+  XCloseDisplay(display);
+  return picture;
 }
 
 sf::Image captureWindow() {

@@ -15,4 +15,7 @@ int startDisplay(const std::string& config);
 // What the window will show at the next swap, read back as an image.
 sf::Image captureWindow();
 
+// What the display's window shows now, read back from the X server.
+sf::Image readWindowFromX();
+
 }  // namespace mv_test
