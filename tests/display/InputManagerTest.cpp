@@ -69,8 +69,7 @@ TEST_F(InputManagerTest, KeysOutsideThePollGiveOnlyPressesAndReleases) {
   EXPECT_EQ(frame(), (Log{"key -1 pressed", "key -1 released"}))
       << "the hyphen key is passed on as no key";
   EXPECT_TRUE(
-      mv_test::hasMessage(mv_test::readFile("morvane.log"),
-                          "InputManager::toEventKeyboard(): Warning key 'Hyphen' not handled."));
+      mv_test::logged("InputManager::toEventKeyboard(): Warning key 'Hyphen' not handled."));
 
   input.held_keys = {sf::Keyboard::Subtract};
   EXPECT_EQ(frame(), Log{"key " + std::to_string(mv::Keyboard::MINUS) + " down"})
@@ -106,6 +105,18 @@ TEST_F(InputManagerTest, AClickThenItsHoldComeInOneFrameAndButtonsInTheirOrder) 
       << "releases give nothing; unknown buttons are -1";
 }
 
+TEST_F(InputManagerTest, AKeyAndAMouseButtonHeldInOneFrameAreBothReportedEachFrame) {
+  input.queueKey(sf::Event::KeyPressed, sf::Keyboard::A);
+  input.queueMouse(sf::Event::MouseButtonPressed, 64, 32, sf::Mouse::Right);
+  input.held_keys = {sf::Keyboard::A};
+  input.held_buttons = {sf::Mouse::Right};
+  input.mouse = {64, 32};
+  EXPECT_EQ(frame(), (Log{"key " + A + " pressed", "mouse clicked 1 at (5,1)",
+                          "mouse pressed 1 at (5,1)", "key " + A + " down"}))
+      << "window events, then held buttons, then held keys";
+  EXPECT_EQ(frame(), (Log{"mouse pressed 1 at (5,1)", "key " + A + " down"}));
+}
+
 TEST_F(InputManagerTest, ClosingTheWindowEndsTheGameAndLeavesTheRestForLater) {
   input.queueKey(sf::Event::KeyPressed, sf::Keyboard::A);
   input.queueClose();
@@ -124,34 +135,27 @@ TEST_F(InputManagerTest, HeadlessWithoutASourceThereIsNoInput) {
 }
 
 TEST(InputManager, KeyNamesAndRefusals) {
-  EXPECT_EQ(mv::keyToString(mv::Keyboard::A), "A");
   EXPECT_EQ(mv::keyToString(mv::Keyboard::NUM0), "0");
-  EXPECT_EQ(mv::keyToString(mv::Keyboard::NUM1), "1");
   EXPECT_EQ(mv::keyToString(mv::Keyboard::SPACE), " ");
-  EXPECT_EQ(mv::keyToString(mv::Keyboard::QUOTE), "'");
   EXPECT_EQ(mv::keyToString(mv::Keyboard::RETURN), "");
   EXPECT_EQ(mv::keyToString(static_cast<mv::Keyboard::Key>(73)), "");
   EXPECT_EQ(mv::keyToString(static_cast<mv::Keyboard::Key>(500)), "");
 
   InputManager& input = InputManager::getInstance();
-  EXPECT_TRUE(input.isValid("mv-mouse"));
   EXPECT_FALSE(input.isValid("mv-step"));
   sf::Event resize{};
   resize.type = sf::Event::Resized;
-  testing::internal::CaptureStderr();
-  EXPECT_EQ(input.toEventKeyboard(resize).getKey(), -1);
-  EXPECT_TRUE(mv_test::hasMessage(testing::internal::GetCapturedStderr(),
-                                  "toEventKeyboard(): Error! Called with non-keyboard event."));
+  EXPECT_TRUE(mv_test::hasMessage(
+      mv_test::stderrOf([&] { EXPECT_EQ(input.toEventKeyboard(resize).getKey(), -1); }),
+      "toEventKeyboard(): Error! Called with non-keyboard event."));
 }
 
 TEST(InputManager, RefusesToStartBeforeTheDisplayOutsideHeadless) {
   mv_test::ScratchDirectory scratch;
   mv::Config::getInstance().loadConfig("headless:false,");
-  testing::internal::CaptureStderr();
-  EXPECT_EQ(InputManager::getInstance().startUp(), -1);
-  EXPECT_TRUE(
-      mv_test::hasMessage(testing::internal::GetCapturedStderr(),
-                          "InputManager::startUp(): Error! DisplayManager must be started first."));
+  EXPECT_TRUE(mv_test::hasMessage(
+      mv_test::stderrOf([] { EXPECT_EQ(InputManager::getInstance().startUp(), -1); }),
+      "InputManager::startUp(): Error! DisplayManager must be started first."));
 }
 
 }  // namespace

@@ -10,9 +10,9 @@
 #include "GameStart.h"
 #include "InputManager.h"
 #include "LogManager.h"
-#include "ObjectListIterator.h"
 #include "ViewObject.h"
 #include "WorldManager.h"
+#include "WorldTest.h"
 #include "game.h"
 #include "logLines.h"
 
@@ -150,13 +150,8 @@ void GameTest::click(mv::Vector where) {
 
 // An empty `type` stands for every object, active or not.
 std::vector<mv::Object*> GameTest::all(const std::string& type) const {
-  const mv::ObjectList found =
-      type.empty() ? world().getAllObjects(true) : world().objectsOfType(type);
-  std::vector<mv::Object*> objects;
-  mv::ObjectListIterator it(&found);
-  for (it.first(); !it.isDone(); it.next()) {
-    objects.push_back(it.currentObject());
-  }
+  std::vector<mv::Object*> objects =
+      mv_test::toVector(type.empty() ? world().getAllObjects(true) : world().objectsOfType(type));
   std::sort(objects.begin(), objects.end(),
             [](const mv::Object* a, const mv::Object* b) { return a->getId() < b->getId(); });
   return objects;
@@ -190,7 +185,7 @@ std::vector<int> GameTest::stepsBuilding(const std::string& type, int count) {
 }
 
 int GameTest::timesLogged(const std::string& message) const {
-  const std::vector<std::string> messages = mv_test::logMessages(mv_test::readFile("morvane.log"));
+  const std::vector<std::string> messages = mv_test::logFileMessages();
   return static_cast<int>(std::count(messages.begin(), messages.end(), message));
 }
 
@@ -201,14 +196,8 @@ sf::Vector2i pixelsOf(mv::Vector where) {
 
 Stats statsOf(const Hero* hero) {
   const HeroStats& s = hero->getStats();
-  return {static_cast<double>(s.health),
-          static_cast<double>(s.fire_slowdown),
-          static_cast<double>(s.bullet_size),
-          static_cast<double>(s.bullet_damage),
-          s.bullet_speed,
-          static_cast<double>(s.bullet_count),
-          static_cast<double>(s.bullet_bounces),
-          s.player_speed};
+  return {1.0 * s.health, 1.0 * s.fire_slowdown, 1.0 * s.bullet_size,    1.0 * s.bullet_damage,
+          s.bullet_speed, 1.0 * s.bullet_count,  1.0 * s.bullet_bounces, s.player_speed};
 }
 
 std::vector<std::string> upgradeNames() {

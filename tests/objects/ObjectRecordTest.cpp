@@ -97,9 +97,9 @@ void giveEveryAttributeAValue(mv::Object* o) {
   o->setShape(shape);
   mv::Path path;
   path.setNodes({Vector(1, 1), Vector(2, 2), Vector(3, 3), Vector(4, 4)});
-  path.popNode();
-  path.popNode();
-  path.popNode();
+  for (int popped = 0; popped < 3; popped++) {
+    path.popNode();
+  }
   o->setPath(path);
   o->setFollowPath(true);
   o->setVelocity(Vector(3, -4));
@@ -223,9 +223,7 @@ TEST_F(ObjectRecordTest, EveryAttributeComesBackAloneAndAllTogether) {
 TEST_F(ObjectRecordTest, AnAnimationOfASpriteNotLoadedKeepsItsNameAndNoSprite) {
   std::stringstream record(u32(mv::ANIMATION) + str("ghost") + u32(1) + u32(4));
   mv::Object* o = new mv::Object;
-  testing::internal::CaptureStderr();
-  EXPECT_EQ(o->deserialize(record), 0);
-  EXPECT_TRUE(mv_test::hasMessage(testing::internal::GetCapturedStderr(),
+  EXPECT_TRUE(mv_test::hasMessage(mv_test::stderrOf([&] { EXPECT_EQ(o->deserialize(record), 0); }),
                                   "Object::setSprite(): Warning! Sprite 'ghost' not found"));
   EXPECT_EQ(o->getAnimation().getSprite(), nullptr);
   EXPECT_EQ(o->getAnimation().getName(), "ghost");
@@ -259,9 +257,7 @@ TEST_F(ObjectRecordTest, HostileRecordsFailWithALineAndAllocateNothing) {
     SCOPED_TRACE(c.what);
     std::stringstream record(c.bytes);
     mv::Object* o = new mv::Object;
-    testing::internal::CaptureStderr();
-    EXPECT_EQ(o->deserialize(record), -1);
-    const std::string logged = testing::internal::GetCapturedStderr();
+    const std::string logged = mv_test::stderrOf([&] { EXPECT_EQ(o->deserialize(record), -1); });
     EXPECT_TRUE(mv_test::hasMessage(logged, c.message)) << logged;
     EXPECT_EQ(o->getPosition(), Vector(1, 1));
   }
@@ -278,7 +274,7 @@ TEST_F(ObjectRecordTest, ExtremeNumbersLeaveAnObjectTheWorldCanStillRun) {
   EXPECT_EQ((new mv::Object)->getId(), INT_MAX) << "the counter stops rather than overflow";
   o->draw();
   EXPECT_EQ(o->getAnimation().getIndex(), 0) << "an index past the last frame wraps to the first";
-  mv::WorldManager::getInstance().update();
+  world().update();
 }
 
 TEST_F(ObjectRecordTest, ARecordCutAtAnyByteFailsAndKeepsTheWorldWhole) {
@@ -292,17 +288,16 @@ TEST_F(ObjectRecordTest, ARecordCutAtAnyByteFailsAndKeepsTheWorldWhole) {
     ASSERT_EQ(source->serialize(full), 0);
     const std::string bytes = full.str();
     objects.push_back(source);
-    testing::internal::CaptureStderr();
-    for (std::size_t length = 0; length < bytes.size(); length++) {
-      std::stringstream cut(bytes.substr(0, length));
-      mv::Object* target = kind.make();
-      objects.push_back(target);
-      EXPECT_EQ(target->deserialize(cut), -1) << "cut at " << length;
-    }
-    testing::internal::GetCapturedStderr();
+    mv_test::stderrOf([&] {
+      for (std::size_t length = 0; length < bytes.size(); length++) {
+        std::stringstream cut(bytes.substr(0, length));
+        objects.push_back(kind.make());
+        EXPECT_EQ(objects.back()->deserialize(cut), -1) << "cut at " << length;
+      }
+    });
     mv_test::expectSceneGraphConsistent(objects);
-    mv::WorldManager::getInstance().update();
-    mv::WorldManager::getInstance().draw();
+    world().update();
+    world().draw();
   }
 }
 

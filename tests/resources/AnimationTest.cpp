@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "Sprite.h"
+#include "logLines.h"
 
 namespace {
 
@@ -16,17 +17,14 @@ TEST(Sprite, HoldsAtMostItsFramesAndAnswersEmptyOutsideThem) {
     EXPECT_EQ(sprite.addFrame(Frame(1, 1, std::to_string(i))), 0);
   }
   EXPECT_EQ(sprite.addFrame(Frame(1, 1, "x")), -1);
-  EXPECT_EQ(sprite.getFrameCount(), 3);
   EXPECT_EQ(sprite.getFrame(2).getString(), "2");
   EXPECT_EQ(sprite.getFrame(3).getString(), "");
   EXPECT_EQ(sprite.getFrame(-1).getString(), "");
 
-  testing::internal::CaptureStderr();
-  Sprite broken(-4);
-  EXPECT_NE(testing::internal::GetCapturedStderr().find(
-                "Sprite::Sprite(): Error! Unable to allocate -4 frames."),
+  EXPECT_NE(mv_test::stderrOf([] {
+              EXPECT_EQ(Sprite(-4).addFrame(Frame(1, 1, "x")), -1);
+            }).find("Sprite::Sprite(): Error! Unable to allocate -4 frames."),
             std::string::npos);
-  EXPECT_EQ(broken.addFrame(Frame(1, 1, "x")), -1);
 }
 
 TEST(Animation, AdvancesAtTheSpritesPaceAndWrapsAround) {
@@ -48,7 +46,6 @@ TEST(Animation, AdvancesAtTheSpritesPaceAndWrapsAround) {
     animation.draw(mv::Vector(5, 5));
   }
   EXPECT_EQ(animation.getIndex(), 0) << "a count of -1 freezes the animation";
-  EXPECT_EQ(animation.getSlowdownCount(), -1);
 }
 
 TEST(Animation, TheBoxIsTheSpritesSizeCentredOnThePosition) {
@@ -57,14 +54,12 @@ TEST(Animation, TheBoxIsTheSpritesSizeCentredOnThePosition) {
   sprite.setHeight(3);
   sprite.setLabel("ship");
   Animation animation;
-  EXPECT_EQ(animation.getBox(), mv::Box(mv::Vector(-0.5f, -0.5f), 0.99f, 0.99f));
   animation.setSprite(&sprite);
   EXPECT_EQ(animation.getBox(), mv::Box(mv::Vector(-2, -1.5f), 4, 3));
   animation.setIndex(2);
   EXPECT_EQ(animation.toString(), "sprite ship, frame_idx 2");
 
   animation.setSprite(nullptr);
-  EXPECT_EQ(animation.getSprite(), nullptr);
   EXPECT_EQ(animation.getIndex(), 0);
   EXPECT_EQ(animation.getName(), "ship") << "the name stays for the record";
   EXPECT_EQ(animation.draw(mv::Vector()), 0);

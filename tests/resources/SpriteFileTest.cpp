@@ -2,6 +2,7 @@
 // damage the exact lines that tell the author what is wrong and where.
 #include <gtest/gtest.h>
 
+#include <regex>
 #include <vector>
 
 #include "LogManager.h"
@@ -20,20 +21,17 @@ const std::initializer_list<std::string> SIMPLE_SHIP = {"2",    "3",    "2",   "
                                                         "/#\\", "\\#/", "|#|", "|#|"};
 
 // A robust file from the lines of its three blocks.
+std::string joined(const Lines& lines) {
+  std::string text;
+  for (const std::string& line : lines) {
+    text += line + "\n";
+  }
+  return text;
+}
+
 std::string robust(const Lines& header, const Lines& body, const Lines& footer = {"version 1"}) {
-  std::string text = "<HEADER>\n";
-  for (const std::string& line : header) {
-    text += line + "\n";
-  }
-  text += "</HEADER>\n<BODY>\n";
-  for (const std::string& line : body) {
-    text += line + "\n";
-  }
-  text += "</BODY>\n<FOOTER>\n";
-  for (const std::string& line : footer) {
-    text += line + "\n";
-  }
-  return text + "</FOOTER>\n";
+  return "<HEADER>\n" + joined(header) + "</HEADER>\n<BODY>\n" + joined(body) +
+         "</BODY>\n<FOOTER>\n" + joined(footer) + "</FOOTER>\n";
 }
 
 const Lines SHIP_HEADER = {"frames 2",  "width 3",        "height 2",
@@ -55,27 +53,24 @@ class SpriteFile : public mv_test::ResourceTest {
   }
 };
 
-void expectShip(const mv::Sprite* sprite, char transparency) {
-  ASSERT_NE(sprite, nullptr);
-  EXPECT_EQ(sprite->getFrameCount(), 2);
-  EXPECT_EQ(sprite->getWidth(), 3);
-  EXPECT_EQ(sprite->getHeight(), 2);
-  EXPECT_EQ(sprite->getSlowdown(), 4);
-  EXPECT_EQ(sprite->getColor(), mv::RED);
-  EXPECT_EQ(sprite->getTransparency(), transparency);
-  EXPECT_EQ(sprite->getLabel(), "ship");
-  EXPECT_EQ(sprite->getFrame(0).getString(), "/#\\\\#/");
-  EXPECT_EQ(sprite->getFrame(1).getString(), "|#||#|");
-  EXPECT_EQ(sprite->getFrame(1).getWidth(), 3);
-  EXPECT_EQ(sprite->getFrame(1).getHeight(), 2);
+// Everything a sprite holds, in one line.
+std::string describe(const mv::Sprite* sprite) {
+  std::string text = sprite->getLabel() + " " + std::to_string(sprite->getFrameCount()) + " of " +
+                     std::to_string(sprite->getWidth()) + "x" +
+                     std::to_string(sprite->getHeight()) + " slowdown " +
+                     std::to_string(sprite->getSlowdown()) + " color " +
+                     std::to_string(sprite->getColor()) + " transparency " +
+                     std::to_string(sprite->getTransparency());
+  for (int i = 0; i < sprite->getFrameCount(); i++) {
+    const mv::Frame& frame = sprite->getFrame(i);
+    text += " " + std::to_string(frame.getWidth()) + "x" + std::to_string(frame.getHeight()) + ":" +
+            frame.getString();
+  }
+  return text;
 }
 
 std::string withCarriageReturns(const std::string& text) {
-  std::string converted;
-  for (char c : text) {
-    converted += c == '\n' ? "\r\n" : std::string(1, c);
-  }
-  return converted;
+  return std::regex_replace(text, std::regex("\n"), "\r\n");
 }
 
 TEST_F(SpriteFile, BothFormatsLoadTheSameShipQuietlyWithEitherLineEnd) {
@@ -86,13 +81,15 @@ TEST_F(SpriteFile, BothFormatsLoadTheSameShipQuietlyWithEitherLineEnd) {
     mv::ResourceManager& resources = mv::ResourceManager::getInstance();
     ASSERT_EQ(loadSprite(carriage_returns ? withCarriageReturns(simple) : simple), 0);
     EXPECT_EQ(logged, Lines{}) << "a good file writes nothing at log level 0";
-    expectShip(ship(), 0);
+    EXPECT_EQ(describe(ship()),
+              "ship 2 of 3x2 slowdown 4 color 1 transparency 0 3x2:/#\\\\#/ 3x2:|#||#|");
     resources.shutDown();
     resources.startUp();
 
     ASSERT_EQ(loadSprite(carriage_returns ? withCarriageReturns(robust_text) : robust_text), 0);
     EXPECT_EQ(logged, Lines{});
-    expectShip(ship(), '#');
+    EXPECT_EQ(describe(ship()),
+              "ship 2 of 3x2 slowdown 4 color 1 transparency 35 3x2:/#\\\\#/ 3x2:|#||#|");
     resources.shutDown();
     resources.startUp();
   }
@@ -154,6 +151,31 @@ TEST_F(SpriteFile, SimpleFilesAskingForAbsurdSizesAreRefusedBeforeAnythingIsMade
       {"1\n1\n5000\n",
        {"RM::loadSimpleSprite(): Error line 3! Height is 5000, more than 1000.", NOT_LOADED}},
   });
+}
+
+TEST_F(SpriteFile, SpritesExactlyAtTheSizeLimitsLoad) {
+  const std::string wide(1000, 'w');
+  const Lines tall(1000, "t");
+  Lines tall_frame = tall;
+  tall_frame.push_back("end");
+  const struct {
+    std::string file;
+    int frames, width, height;
+  } cases[] = {
+      {joined({"1", "1000", "1", "0", "red", wide}), 1, 1000, 1},
+      {joined({"1", "1", "1000", "0", "red"}) + joined(tall), 1, 1, 1000},
+      {joined({"10000", "1", "1", "0", "red"}) + joined(Lines(10000, "f")), 10000, 1, 1},
+      {robust({"frames 1", "width 1000", "height 1"}, {wide, "end"}), 1, 1000, 1},
+      {robust({"frames 1", "width 1", "height 1000"}, tall_frame), 1, 1, 1000},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(testing::Message() << c.frames << " of " << c.width << "x" << c.height);
+    ASSERT_EQ(loadSprite(c.file, std::to_string(&c - cases)), 0) << testing::PrintToString(logged);
+    const mv::Sprite* sprite =
+        mv::ResourceManager::getInstance().getSprite(std::to_string(&c - cases));
+    EXPECT_EQ(sprite->getFrameCount(), c.frames);
+    EXPECT_EQ(sprite->getFrame(c.frames - 1).getString().size(), 1u * c.width * c.height);
+  }
 }
 
 TEST_F(SpriteFile, SimpleRowsMustBeAllThereEachOfTheWidthAndNothingAfter) {

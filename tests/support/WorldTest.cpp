@@ -4,9 +4,9 @@
 
 #include "Cell.h"
 #include "GameManager.h"
+#include "ObjectListIterator.h"
 #include "RecordingObject.h"
 #include "SceneGraph.h"
-#include "WorldManager.h"
 
 namespace mv_test {
 
@@ -48,6 +48,23 @@ void WorldTest::setWorldSize(float width, float height) {
   mv::WorldManager& world = mv::WorldManager::getInstance();
   world.setBoundary(mv::Box(mv::Vector(0, 0), width, height));
   world.setView(mv::Box(mv::Vector(0, 0), width, height));
+}
+
+std::vector<mv::Object*> toVector(const mv::ObjectList& list) {
+  std::vector<mv::Object*> objects;
+  mv::ObjectListIterator it(&list);
+  for (it.first(); !it.isDone(); it.next()) {
+    objects.push_back(it.currentObject());
+  }
+  return objects;
+}
+
+std::vector<std::string> typesOf(const mv::ObjectList& list) {
+  std::vector<std::string> types;
+  for (const mv::Object* o : toVector(list)) {
+    types.push_back(o->getType());
+  }
+  return types;
 }
 
 void expectSceneGraphConsistent(const std::vector<mv::Object*>& objects) {

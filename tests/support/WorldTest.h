@@ -5,11 +5,14 @@
 
 #include <gtest/gtest.h>
 
+#include <string>
 #include <vector>
 
 #include "Box.h"
 #include "Object.h"
+#include "ObjectList.h"
 #include "ScratchDirectory.h"
+#include "WorldManager.h"
 
 namespace mv_test {
 
@@ -21,8 +24,14 @@ class WorldTest : public ::testing::Test {
   // Restarts the grid for a world of this size, with the view on all of it.
   void setWorldSize(float width, float height);
 
+  static mv::WorldManager& world() { return mv::WorldManager::getInstance(); }
+
   ScratchDirectory scratch;
 };
+
+// The objects of a list in its order, and their types.
+std::vector<mv::Object*> toVector(const mv::ObjectList& list);
+std::vector<std::string> typesOf(const mv::ObjectList& list);
 
 // Checks that the scene graph lists every object where its state says it
 // belongs, and nowhere else; `objects` is everything in the world.

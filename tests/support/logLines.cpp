@@ -1,8 +1,12 @@
 #include "logLines.h"
 
+#include <gtest/gtest.h>
+
 #include <algorithm>
 #include <regex>
 #include <sstream>
+
+#include "ScratchDirectory.h"
 
 namespace mv_test {
 
@@ -22,9 +26,33 @@ std::vector<std::string> logMessages(const std::string& log_text) {
   return messages;
 }
 
+std::vector<std::string> logFileMessages(const std::string& path) {
+  return logMessages(readFile(path));
+}
+
 bool hasMessage(const std::string& log_text, const std::string& message) {
   const std::vector<std::string> messages = logMessages(log_text);
   return std::find(messages.begin(), messages.end(), message) != messages.end();
+}
+
+bool logged(const std::string& message) { return hasMessage(readFile("morvane.log"), message); }
+
+std::string stderrOf(const std::function<void()>& action) {
+  testing::internal::CaptureStderr();
+  action();
+  return testing::internal::GetCapturedStderr();
+}
+
+std::string missingInOrder(const std::vector<std::string>& messages,
+                           const std::vector<std::string>& lines) {
+  auto position = messages.begin();
+  for (const std::string& line : lines) {
+    position = std::find(position, messages.end(), line);
+    if (position == messages.end()) {
+      return line;
+    }
+  }
+  return "";
 }
 
 }  // namespace mv_test

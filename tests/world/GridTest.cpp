@@ -5,10 +5,9 @@
 #include <cmath>
 
 #include "Config.h"
-
 #include "RecordingObject.h"
-#include "WorldManager.h"
 #include "WorldTest.h"
+#include "logLines.h"
 
 namespace {
 
@@ -20,7 +19,7 @@ using mv_test::RecordingObject;
 
 class GridTest : public mv_test::WorldTest {
  protected:
-  const mv::Grid& grid() { return mv::WorldManager::getInstance().getSceneGraph().getGrid(); }
+  static const mv::Grid& grid() { return world().getSceneGraph().getGrid(); }
 };
 
 // A 1 by 1 box whose top-left corner is at `corner`.
@@ -33,68 +32,56 @@ RecordingObject* unitBoxAt(const std::string& name, Vector corner) {
 TEST_F(GridTest, CellsFollowTheBoxAndItsFarEdge) {
   EXPECT_EQ(grid().getColumnCount(), 4) << "80 wide in cells of 20";
   EXPECT_EQ(grid().getRowCount(), 3) << "24 high in cells of 8";
-
   auto* o = unitBoxAt("o", Vector(0, 0));
-  EXPECT_EQ(grid().getCells(o, Vector(19.5f, 0)), (CellSet{{0, 0}, {1, 0}}));
-  EXPECT_EQ(grid().getCells(o, Vector(39, 3)), (CellSet{{1, 0}, {2, 0}}))
-      << "a box ending exactly on 40 takes the third column";
-  EXPECT_EQ(grid().getCells(o, Vector(19.5f, 7.5f)), (CellSet{{0, 0}, {1, 0}, {0, 1}, {1, 1}}));
-  EXPECT_EQ(grid().getCells(o, Vector(-5, 3)), (CellSet{mv::OUT_OF_BOUNDS}))
-      << "wholly left of the world: out of bounds alone";
-  EXPECT_EQ(grid().getCells(o, Vector(79.5f, 23.5f)), (CellSet{mv::OUT_OF_BOUNDS, {3, 2}}));
-
+  const struct {
+    const char* what;
+    Vector at;
+    CellSet cells;
+  } cases[] = {
+      {"across a column edge", {19.5f, 0}, {{0, 0}, {1, 0}}},
+      {"a box ending exactly on 40 takes the third column", {39, 3}, {{1, 0}, {2, 0}}},
+      {"across a corner", {19.5f, 7.5f}, {{0, 0}, {1, 0}, {0, 1}, {1, 1}}},
+      {"wholly left of the world: out of bounds alone", {-5, 3}, {mv::OUT_OF_BOUNDS}},
+      {"over the far corner", {79.5f, 23.5f}, {mv::OUT_OF_BOUNDS, {3, 2}}},
+      {"far off", {1e30f, -1e30f}, {mv::OUT_OF_BOUNDS}},
+      {"far off the other way", {-1e30f, 1e30f}, {mv::OUT_OF_BOUNDS}},
+      {"not a number", {std::nanf(""), 3}, {mv::OUT_OF_BOUNDS}},
+  };
+  for (const auto& c : cases) {
+    EXPECT_EQ(grid().getCells(o, c.at), c.cells) << c.what;
+  }
   o->setBox(Box(Vector(-0.5f, -0.5f), 0.99f, 0.99f));
   EXPECT_EQ(grid().getCells(o, Vector(0, 0)), (CellSet{mv::OUT_OF_BOUNDS, {0, 0}}))
       << "a negative coordinate floors to cell -1 and clips";
 }
 
-TEST_F(GridTest, FarOffAndUndefinedPositionsLandOutOfBoundsSafely) {
-  auto* o = unitBoxAt("o", Vector(0, 0));
-  EXPECT_EQ(grid().getCells(o, Vector(1e30f, -1e30f)), (CellSet{mv::OUT_OF_BOUNDS}));
-  EXPECT_EQ(grid().getCells(o, Vector(std::nanf(""), 3)), (CellSet{mv::OUT_OF_BOUNDS}));
-  EXPECT_EQ(grid().getCells(o, Vector(-1e30f, 1e30f)), (CellSet{mv::OUT_OF_BOUNDS}));
-}
-
-TEST_F(GridTest, CollisionsComeOnceEachInCellOrderAndNeverIncludeTheAsker) {
+TEST_F(GridTest, CollisionsComeOnceEachAndNeverIncludeTheAskerInsideOrOutside) {
   auto* big = new RecordingObject("big", Vector(20, 8));
   big->setBox(Box(Vector(-2, -2), 4, 4));  // spans four cells
-  auto* row_below = unitBoxAt("row below", Vector(21.5f, 9));
+  unitBoxAt("row below", Vector(21.5f, 9));
   auto* outside = unitBoxAt("outside", Vector(17, -1.5f));
   auto* asker = unitBoxAt("asker", Vector(0, 0));
-
-  const mv::ObjectList hits = grid().getCollisions(asker, Vector(19.5f, 7.5f));
-  std::vector<std::string> types;
-  for (int i = 0; i < hits.getCount(); i++) {
-    types.push_back(hits[i]->getType());
-  }
-  EXPECT_EQ(types, (std::vector<std::string>{"big"}));
-
-  const mv::ObjectList around = grid().getCollisions(big, Vector(20, 8));
-  types.clear();
-  for (int i = 0; i < around.getCount(); i++) {
-    types.push_back(around[i]->getType());
-  }
-  EXPECT_EQ(types, (std::vector<std::string>{"row below"}))
+  EXPECT_EQ(mv_test::typesOf(grid().getCollisions(asker, Vector(19.5f, 7.5f))),
+            std::vector<std::string>{"big"});
+  EXPECT_EQ(mv_test::typesOf(grid().getCollisions(big, Vector(20, 8))),
+            std::vector<std::string>{"row below"})
       << "the asker is not in its own result; others stay at their current places";
   EXPECT_EQ(grid().getCollisions(outside, Vector(17, -1.5f)).getCount(), 0);
-  (void)row_below;
-}
 
-TEST_F(GridTest, ObjectsOutsideTheBoundaryStillCollide) {
   auto* a = unitBoxAt("a", Vector(-10, -10));
-  auto* b = unitBoxAt("b", Vector(-9.5f, -9.5f));
-  EXPECT_EQ(grid().getCollisions(a, a->getPosition()).getCount(), 1);
-  EXPECT_EQ(grid().getCollisions(a, a->getPosition())[0], b);
+  unitBoxAt("b", Vector(-9.5f, -9.5f));
+  EXPECT_EQ(mv_test::typesOf(grid().getCollisions(a, a->getPosition())),
+            std::vector<std::string>{"b"})
+      << "objects outside the boundary still collide";
 }
 
 TEST_F(GridTest, MovesTouchOnlyTheCellsWhoseMembershipChanges) {
   auto* first = unitBoxAt("first", Vector(2, 2));
   auto* second = unitBoxAt("second", Vector(3, 2));
   first->setPosition(Vector(4, 3));
-  const mv::ObjectList cell = grid().objectsInCell(Cell{0, 0});
-  ASSERT_EQ(cell.getCount(), 2);
-  EXPECT_EQ(cell[0], first) << "a move within a cell keeps the object's place in its list";
-
+  EXPECT_EQ(mv_test::typesOf(grid().objectsInCell(Cell{0, 0})),
+            (std::vector<std::string>{"first", "second"}))
+      << "a move within a cell keeps the object's place in its list";
   first->setPosition(Vector(-1.5f, 3));
   EXPECT_EQ(grid().objectsInCell(mv::OUT_OF_BOUNDS).getCount(), 1);
   first->setPosition(Vector(4, 3));
@@ -116,9 +103,7 @@ TEST(GridSettings, CellSizesThatAreNoSizesFallBackToTheDefaults) {
   mv_test::ScratchDirectory scratch;
   scratch.write("mv-config.txt", "grid_width:0,grid_height:-3,");
   mv::Config::getInstance().loadConfig();
-  testing::internal::CaptureStderr();
-  mv::Grid grid;
-  const std::string errors = testing::internal::GetCapturedStderr();
+  const std::string errors = mv_test::stderrOf([] { mv::Grid grid; });
   EXPECT_NE(errors.find("grid_width 0 is not a cell size. Using 20."), std::string::npos);
   EXPECT_NE(errors.find("grid_height -3 is not a cell size. Using 8."), std::string::npos);
 }
@@ -126,18 +111,18 @@ TEST(GridSettings, CellSizesThatAreNoSizesFallBackToTheDefaults) {
 TEST(GridSettings, AGridNotStartedRefusesWorkAndSaysSo) {
   mv_test::ScratchDirectory scratch;
   mv::Grid grid;
-  testing::internal::CaptureStderr();
-  EXPECT_EQ(grid.insertObject(nullptr), -1);
-  EXPECT_EQ(grid.getCollisions(nullptr, Vector()).getCount(), 0);
-  ASSERT_EQ(grid.startUp(), 0);
-  EXPECT_EQ(grid.startUp(), -1);
-  EXPECT_EQ(grid.removeObject(nullptr), -1);
-  const std::string errors = testing::internal::GetCapturedStderr();
-  EXPECT_NE(errors.find("Grid::insertObject(): Error! grid is NULL"), std::string::npos);
-  EXPECT_NE(errors.find("Grid::getCollisions(): Error! grid is NULL"), std::string::npos);
-  EXPECT_NE(errors.find("Grid::startUp(): Warning! Grid allocated. Not proceeding."),
-            std::string::npos);
-  EXPECT_NE(errors.find("Grid::removeObject(): Error! Object is NULL"), std::string::npos);
+  const std::string errors = mv_test::stderrOf([&] {
+    EXPECT_EQ(grid.insertObject(nullptr), -1);
+    EXPECT_EQ(grid.getCollisions(nullptr, Vector()).getCount(), 0);
+    ASSERT_EQ(grid.startUp(), 0);
+    EXPECT_EQ(grid.startUp(), -1);
+    EXPECT_EQ(grid.removeObject(nullptr), -1);
+  });
+  EXPECT_EQ(mv_test::logMessages(errors),
+            (std::vector<std::string>{"Grid::insertObject(): Error! grid is NULL",
+                                      "Grid::getCollisions(): Error! grid is NULL",
+                                      "Grid::startUp(): Warning! Grid allocated. Not proceeding.",
+                                      "Grid::removeObject(): Error! Object is NULL"}));
 }
 
 }  // namespace

@@ -17,8 +17,6 @@ using Log = std::vector<std::string>;
 
 class WorldManagerTest : public mv_test::WorldTest {
  protected:
-  WorldManager& world() { return WorldManager::getInstance(); }
-
   // The mover's and obstacle's records after one step of the mover onto the obstacle.
   std::pair<Log, Log> collide(mv::Solidness mover_kind, mv::Solidness obstacle_kind, bool no_soft,
                               bool* moved) {
@@ -62,11 +60,9 @@ TEST_F(WorldManagerTest, AMoveOntoTwoObstaclesTellsEachInGridOrderAndStops) {
   auto* right_cell = new RecordingObject("right cell", Vector(20.2f, 4));
   auto* left_cell = new RecordingObject("left cell", Vector(18.8f, 4));
   auto* mover = new RecordingObject("mover", Vector(17.5f, 4));
-  for (mv::Object* o : {static_cast<mv::Object*>(right_cell), static_cast<mv::Object*>(left_cell),
-                        static_cast<mv::Object*>(mover)}) {
+  for (RecordingObject* o : {right_cell, left_cell, mover}) {
     o->setBox(Box(Vector(0, 0), 1, 1));
   }
-  mv_test::dispatch_log.clear();
 
   EXPECT_EQ(world().moveObject(mover, Vector(19.5f, 4)), -1);
   EXPECT_EQ(mover->getPosition(), Vector(17.5f, 4));
@@ -79,11 +75,9 @@ TEST_F(WorldManagerTest, AMoveOntoTwoObstaclesTellsEachInGridOrderAndStops) {
 TEST_F(WorldManagerTest, StandingObjectsNeverCollideOnTheirOwn) {
   auto* standing = new RecordingObject("standing", Vector(10, 10));
   auto* neighbour = new RecordingObject("neighbour", Vector(10, 10), mv::SOFT);
-  for (int frame = 0; frame < 3; frame++) {
-    world().update();
-  }
-  EXPECT_TRUE(standing->received.empty());
-  EXPECT_TRUE(neighbour->received.empty());
+  world().update();
+  world().update();
+  EXPECT_EQ(standing->received.size() + neighbour->received.size(), 0u);
 }
 
 TEST_F(WorldManagerTest, LeavingTheWorldIsToldOnceAndOnlyOnLeaving) {
@@ -119,11 +113,11 @@ TEST_F(WorldManagerTest, AvoidingObjectsSlideAlongHardObstacles) {
   EXPECT_TRUE(slider->received.empty()) << "the wall is not in the way of the slide";
 
   slider->setVelocity(Vector(1, 0));
-  testing::internal::CaptureStderr();
-  EXPECT_EQ(world().moveObject(slider, slider->predictPosition()), 0)
-      << "straight into a flat wall: the slide is no move at all";
+  mv_test::stderrOf([&] {
+    EXPECT_EQ(world().moveObject(slider, slider->predictPosition()), 0)
+        << "straight into a flat wall: the slide is no move at all";
+  });
   EXPECT_EQ(slider->getPosition(), Vector(10, 10 + speed));
-  testing::internal::GetCapturedStderr();
 
   auto* corner = new RecordingObject("corner", Vector(10, 12));
   corner->setBox(Box(Vector(-1, 0), 2, 1));
@@ -157,10 +151,9 @@ TEST_F(WorldManagerTest, DeletionsHappenAtTheEndOfUpdateOnceEachAndCascade) {
   EXPECT_EQ(destroyed, 3);
   EXPECT_EQ(world().getAllObjects(true).getCount(), 0);
 
-  testing::internal::CaptureStderr();
-  EXPECT_EQ(world().markForDelete(nullptr), -1);
-  EXPECT_NE(testing::internal::GetCapturedStderr().find(
-                "WorldManager::markForDelete(): Error! unable to add Object"),
+  EXPECT_NE(mv_test::stderrOf([&] {
+              EXPECT_EQ(world().markForDelete(nullptr), -1);
+            }).find("WorldManager::markForDelete(): Error! unable to add Object"),
             std::string::npos);
 }
 
@@ -171,11 +164,11 @@ TEST_F(WorldManagerTest, GameEventsGoThroughTheWorldButEngineLabelsAreRefused) {
   EXPECT_EQ(world().onEvent(&view), 1);
   EXPECT_EQ(listener->received, Log{"mv-view"});
 
-  testing::internal::CaptureStderr();
-  EXPECT_EQ(listener->registerInterest("mv-collision"), -1);
-  EXPECT_EQ(world().registerInterest(listener, "mv-keyboard"), -1)
-      << "keys belong to the input manager";
-  const std::string errors = testing::internal::GetCapturedStderr();
+  const std::string errors = mv_test::stderrOf([&] {
+    EXPECT_EQ(listener->registerInterest("mv-collision"), -1);
+    EXPECT_EQ(world().registerInterest(listener, "mv-keyboard"), -1)
+        << "keys belong to the input manager";
+  });
   EXPECT_TRUE(mv_test::hasMessage(
       errors, "WorldManager::isValid(): Event mv-collision handled automatically."));
   EXPECT_TRUE(mv_test::hasMessage(
@@ -187,25 +180,39 @@ TEST_F(WorldManagerTest, GameEventsGoThroughTheWorldButEngineLabelsAreRefused) {
   EXPECT_EQ(listener->getEventCount(), 2);
 }
 
-TEST_F(WorldManagerTest, TheViewFollowsItsObjectOutOfTheSlackZone) {
+TEST_F(WorldManagerTest, TheViewFollowsItsObjectOutOfTheSlackZoneEachWay) {
   setWorldSize(200, 100);
   world().setView(Box(Vector(0, 0), 80, 24));
   world().setViewSlack(Vector(0.5f, 0.5f));
   auto* hero = new RecordingObject("hero", Vector(100, 50), mv::SPECTRAL);
-  ASSERT_EQ(world().setViewFollowing(hero), 0);
-  EXPECT_EQ(world().getView().getCorner(), Vector(60, 38)) << "following starts centred";
-
-  hero->setVelocity(Vector(10, 0));
-  world().update();
-  EXPECT_EQ(world().getView().getCorner(), Vector(60, 38)) << "110 is inside the slack zone";
-  world().update();
-  EXPECT_EQ(world().getView().getCorner(), Vector(60, 38)) << "120 is the zone's right edge";
-  world().update();
-  EXPECT_EQ(world().getView().getCorner(), Vector(70, 38)) << "130 pushes the zone by 10";
-
-  hero->setPosition(Vector(199, 99));
+  // Centred on (100,50), the slack zone runs from 80 to 120 across and from 44 to 56 down.
+  const struct {
+    const char* what;
+    Vector velocity;
+    std::vector<Vector> corners;
+  } cases[] = {
+      {"right: 120 is the zone's edge, 130 pushes it by 10",
+       {10, 0},
+       {{60, 38}, {60, 38}, {70, 38}}},
+      {"left", {-10, 0}, {{60, 38}, {60, 38}, {50, 38}}},
+      {"up", {0, -3}, {{60, 38}, {60, 38}, {60, 35}}},
+      {"down", {0, 3}, {{60, 38}, {60, 38}, {60, 41}}},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.what);
+    hero->setPosition(Vector(100, 50));
+    ASSERT_EQ(world().setViewFollowing(hero), 0);
+    EXPECT_EQ(world().getView().getCorner(), Vector(60, 38)) << "following starts centred";
+    hero->setVelocity(c.velocity);
+    for (const Vector& corner : c.corners) {
+      world().update();
+      EXPECT_EQ(world().getView().getCorner(), corner) << hero->getPosition().toString();
+    }
+  }
   world().moveObject(hero, Vector(199, 99.5f));
   EXPECT_EQ(world().getView().getCorner(), Vector(120, 76)) << "held inside the boundary";
+  world().moveObject(hero, Vector(0, 0));
+  EXPECT_EQ(world().getView().getCorner(), Vector(0, 0));
 
   world().markForDelete(hero);
   world().update();
@@ -221,10 +228,8 @@ TEST_F(WorldManagerTest, ViewsAndBoundariesKeepTheirRules) {
   world().setViewPosition(Vector(50, 25));
   EXPECT_EQ(world().getView().getCorner(), Vector(0, 0)) << "a view larger than the world";
 
-  testing::internal::CaptureStderr();
-  world().setViewSlack(Vector(1.5f, 0));
   EXPECT_TRUE(mv_test::hasMessage(
-      testing::internal::GetCapturedStderr(),
+      mv_test::stderrOf([&] { world().setViewSlack(Vector(1.5f, 0)); }),
       "WorldManager::setViewSlack(): Warning! view slack units out of range [0-1]"));
   EXPECT_EQ(world().getViewSlack(), Vector(1.5f, 0));
 
@@ -235,18 +240,30 @@ TEST_F(WorldManagerTest, ViewsAndBoundariesKeepTheirRules) {
 }
 
 TEST_F(WorldManagerTest, DrawingGoesByAltitudeAndSkipsWhatTheViewMisses) {
-  world().setView(Box(Vector(0, 0), 40, 12));
-  auto* top = new RecordingObject("top", Vector(5, 5), mv::SPECTRAL);
-  auto* bottom = new RecordingObject("bottom", Vector(6, 5), mv::SPECTRAL);
-  auto* away = new RecordingObject("away", Vector(60, 5), mv::SPECTRAL);
-  auto* hidden = new RecordingObject("hidden", Vector(7, 5), mv::SPECTRAL);
+  world().setView(Box(Vector(20, 10), 40, 12));
+  auto* top = new RecordingObject("top", Vector(25, 15), mv::SPECTRAL);
+  auto* bottom = new RecordingObject("bottom", Vector(26, 15), mv::SPECTRAL);
+  (new RecordingObject("hidden", Vector(27, 15), mv::SPECTRAL))->setVisible(false);
   top->setAltitude(4);
   bottom->setAltitude(0);
-  hidden->setVisible(false);
+  // Boxes of 2 by 2 about each side of the view: those that reach into it by
+  // any amount, or touch its edge, are drawn.
+  const struct {
+    const char* name;
+    Vector at;
+  } around[] = {{"past left", {17.9f, 15}},   {"on left", {18, 15}},
+                {"past top", {30, 7.9f}},     {"on top", {30, 8}},
+                {"over right", {59, 15}},     {"past right", {60.1f, 15}},
+                {"over bottom", {30, 21.5f}}, {"past bottom", {30, 22.1f}}};
+  for (const auto& a : around) {
+    auto* o = new RecordingObject(a.name, a.at, mv::SPECTRAL);
+    o->setBox(Box(Vector(0, 0), 2, 2));
+    o->setAltitude(1);
+  }
   mv_test::dispatch_log.clear();
   world().draw();
-  EXPECT_EQ(mv_test::dispatch_log, (Log{"bottom: draw", "top: draw"}));
-  EXPECT_EQ(away->draw_count, 0);
+  EXPECT_EQ(mv_test::dispatch_log, (Log{"bottom: draw", "on left: draw", "on top: draw",
+                                        "over right: draw", "over bottom: draw", "top: draw"}));
 }
 
 }  // namespace
