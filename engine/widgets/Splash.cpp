@@ -38,8 +38,8 @@ const char* const NAME_FRAMES[2] = {
     "           ~ g a m e   e n g i n e ~           ",
 };
 
-Sprite* makeNameSprite() {
-  auto* sprite = new Sprite(2);
+std::unique_ptr<Sprite> makeNameSprite() {
+  auto sprite = std::make_unique<Sprite>(2);
   sprite->setWidth(NAME_WIDTH);
   sprite->setHeight(NAME_HEIGHT);
   sprite->setColor(GREEN);
@@ -68,7 +68,7 @@ int splash() {
 
 Splash::Splash() : step_counter(15), splash_sprite(makeNameSprite()) {
   Animation animation;
-  animation.setSprite(splash_sprite);
+  animation.setSprite(splash_sprite.get());
   // The name shows one lettering until it stops, then the other.
   animation.setSlowdownCount(-1);
   setAnimation(animation, true);
@@ -87,13 +87,6 @@ Splash::Splash() : step_counter(15), splash_sprite(makeNameSprite()) {
   step_counter = 15;
   registerInterest(STEP_EVENT);
   registerInterest(KEYBOARD_EVENT);
-}
-
-Splash::~Splash() {
-  unregisterInterest(STEP_EVENT);
-  unregisterInterest(KEYBOARD_EVENT);
-  delete splash_sprite;
-  splash_sprite = nullptr;
 }
 
 std::optional<int> endSplashObject(Object* object, const Event* event) {

@@ -2,6 +2,7 @@
 // up the emblem when it stops, and any key cuts the whole show short.
 #pragma once
 
+#include <memory>
 #include <optional>
 
 #include "Event.h"
@@ -23,14 +24,13 @@ class Splash : public Object {
  public:
   // Starts just beyond the view's right edge, on its middle row.
   Splash();
-  ~Splash() override;
 
   int eventHandler(const Event* event) override;
 
  private:
   int step_counter;
   // Drawn by hand here, so the splash needs no file; owned by the object.
-  Sprite* splash_sprite;
+  std::unique_ptr<Sprite> splash_sprite;
 };
 
 }  // namespace mv

@@ -45,8 +45,8 @@ const char* const REST_FRAME =
     "   / \\   "
     "  /   \\  ";
 
-Sprite* makeSprite(int frames, int width, int height, Color color) {
-  auto* sprite = new Sprite(frames);
+std::unique_ptr<Sprite> makeSprite(int frames, int width, int height, Color color) {
+  auto sprite = std::make_unique<Sprite>(frames);
   sprite->setWidth(width);
   sprite->setHeight(height);
   sprite->setColor(color);
@@ -65,7 +65,7 @@ SplashMorvane::SplashMorvane(Vector new_end_position)
   splash_sprite->setSlowdown(2);
   splash_sprite->setLabel("splash-morvane");
   Animation animation;
-  animation.setSprite(splash_sprite);
+  animation.setSprite(splash_sprite.get());
   setAnimation(animation, true);
   setType("SplashMorvane");
   setSolidness(SPECTRAL);
@@ -77,13 +77,6 @@ SplashMorvane::SplashMorvane(Vector new_end_position)
   step_counter = 30;
   registerInterest(STEP_EVENT);
   registerInterest(KEYBOARD_EVENT);
-}
-
-SplashMorvane::~SplashMorvane() {
-  unregisterInterest(STEP_EVENT);
-  unregisterInterest(KEYBOARD_EVENT);
-  delete splash_sprite;
-  splash_sprite = nullptr;
 }
 
 int SplashMorvane::eventHandler(const Event* event) {
@@ -99,11 +92,10 @@ int SplashMorvane::eventHandler(const Event* event) {
     setVelocity(Vector(0, 0));
   }
   if (step_counter == -15) {
-    delete splash_sprite;
     splash_sprite = makeSprite(1, REST_WIDTH, REST_HEIGHT, GREEN);
     splash_sprite->addFrame(Frame(REST_WIDTH, REST_HEIGHT, REST_FRAME));
     Animation animation;
-    animation.setSprite(splash_sprite);
+    animation.setSprite(splash_sprite.get());
     setAnimation(animation, true);
     setPosition(Vector(getPosition().getX() - 1, getPosition().getY()));
   }

@@ -2,6 +2,8 @@
 // the name, settles into its resting drawing and ends the splash run.
 #pragma once
 
+#include <memory>
+
 #include "Object.h"
 #include "Sprite.h"
 
@@ -11,7 +13,6 @@ class SplashMorvane : public Object {
  public:
   // Climbs from six rows below the view to `end_position` in 30 steps.
   explicit SplashMorvane(Vector end_position);
-  ~SplashMorvane() override;
 
   int eventHandler(const Event* event) override;
 
@@ -19,7 +20,7 @@ class SplashMorvane : public Object {
   Vector end_position;
   int step_counter;
   // Drawn by hand here; owned by the object, and replaced once it comes to rest.
-  Sprite* splash_sprite;
+  std::unique_ptr<Sprite> splash_sprite;
 };
 
 }  // namespace mv
