@@ -6,8 +6,11 @@
 #include <cstdlib>
 #include <new>
 
+#include "CellBatch.h"
+#include "CellComposer.h"
 #include "Config.h"
 #include "LogManager.h"
+#include "WindowPainter.h"
 #include "colorToSFML.h"
 #include "geometry.h"
 #include "utility.h"
@@ -67,6 +70,57 @@ void rgbOf(Color color, unsigned char& r, unsigned char& g, unsigned char& b) {
 
 }  // namespace
 
+struct DisplayManager::Graphics {
+  // Closes the window and frees the drawables; pending cells are dropped.
+  void release();
+
+  // Lays one cell into the picture, the batch or straight into the window, as the display is set.
+  void drawCell(sf::Vector2f background_at, sf::Vector2f glyph_at, char ch, sf::Color color,
+                float rotation, bool batching, bool composing);
+  void drawCellAlone(sf::Vector2f background_at, sf::Vector2f glyph_at, char ch, sf::Color color,
+                     float rotation);
+  void batchCell(sf::Vector2f background_at, sf::Vector2f glyph_at, char ch, sf::Color color,
+                 float rotation);
+  const sf::Glyph* glyphOf(char ch);
+  void drawBatch();
+  // Puts into the window all that this frame has drawn so far.
+  void drawPending();
+  // Puts the picture of this frame's composed cells into the window, under
+  // whatever comes after; from then on this frame's cells go in the batch.
+  void paintPicture();
+  // Shows a frame of the picture alone, straight through X; false when it can't.
+  bool putPicture();
+  // Shows what this frame drew and starts the next one.
+  void show();
+  void startFrame();
+  void clearToBackground();
+
+  std::unique_ptr<sf::Font> font;
+  std::unique_ptr<sf::RenderWindow> window;
+  std::unique_ptr<sf::RectangleShape> rectangle;
+  sf::Color window_background_color = sf::Color::Black;
+  std::unique_ptr<sf::Text> text;
+
+  unsigned character_size = INITIAL_CHARACTER_SIZE;
+  // What the text makes of each char: the code point it looks up in the font.
+  std::array<sf::Uint32, 256> code_points{};
+  // The font's glyph of each char once looked up; null for blanks and chars not yet looked up.
+  std::array<const sf::Glyph*, 256> glyphs{};
+  CellBatch batch;
+  // Null when the graphics card can't hold a picture of the window's size.
+  std::unique_ptr<CellComposer> composer;
+  // Null when the window's pixels are laid out in a way it doesn't know.
+  std::unique_ptr<WindowPainter> painter;
+  // Whether nothing has been drawn into the window since the frame began, so
+  // that cells may still join the picture.
+  bool picture_open = true;
+  // Whether the window shows the picture as composed last and nothing over it.
+  bool showing_picture_alone = false;
+  int frames_not_shown = 0;
+  // Whether the window shows nothing but the background since it was last cleared.
+  bool window_plain = false;
+};
+
 float charWidth() {
   const DisplayManager& display = DisplayManager::getInstance();
   return static_cast<float>(display.getHorizontalPixels()) /
@@ -98,23 +152,16 @@ DisplayManager::DisplayManager()
       window_vertical_pixels(Config::getInstance().getWindowVerticalPixels()),
       window_horizontal_chars(Config::getInstance().getWindowHorizontalChars()),
       window_vertical_chars(Config::getInstance().getWindowVerticalChars()),
-      window_background_color(sf::Color::Black),
-      character_size(INITIAL_CHARACTER_SIZE),
-      code_points(),
-      glyphs(),
+      graphics(std::make_unique<Graphics>()),
       batching(true),
       composing(true),
-      picture_open(true),
-      showing_picture_alone(false),
-      frames_not_shown(0),
-      window_plain(false),
       cell_recorder(nullptr) {
   setType("DisplayManager");
 }
 
 // Graphics must not outlive the program's last moment with an open display,
 // so a window left by a failed start goes here, not at some later exit.
-DisplayManager::~DisplayManager() { releaseGraphics(); }
+DisplayManager::~DisplayManager() { graphics->release(); }
 
 DisplayManager& DisplayManager::getInstance() {
   static DisplayManager instance;
@@ -189,6 +236,7 @@ int DisplayManager::createWindow() {
   }
   const sf::VideoMode mode(static_cast<unsigned>(window_horizontal_pixels),
                            static_cast<unsigned>(window_vertical_pixels), 32);
+  std::unique_ptr<sf::RenderWindow>& window = graphics->window;
   window.reset(new (std::nothrow)
                    sf::RenderWindow(mode, config.getWindowTitle(), style, sf::ContextSettings()));
   if (window == nullptr || !window->isOpen()) {
@@ -202,8 +250,8 @@ int DisplayManager::createWindow() {
 
 int DisplayManager::loadFont() {
   const std::string file = Config::getInstance().getFontFile();
-  font = std::make_unique<sf::Font>();
-  if (!font->loadFromFile(file)) {
+  graphics->font = std::make_unique<sf::Font>();
+  if (!graphics->font->loadFromFile(file)) {
     log().writeLog("DisplayManager::startUp(): Error! Unable to open font from file '%s'.",
                    file.c_str());
     return -1;
@@ -212,42 +260,43 @@ int DisplayManager::loadFont() {
 }
 
 int DisplayManager::createDrawables() {
-  rectangle.reset(new (std::nothrow) sf::RectangleShape(sf::Vector2f(charWidth(), charHeight())));
-  if (rectangle == nullptr) {
+  Graphics& g = *graphics;
+  g.rectangle.reset(new (std::nothrow) sf::RectangleShape(sf::Vector2f(charWidth(), charHeight())));
+  if (g.rectangle == nullptr) {
     log().writeLog("DisplayManager::startUp(): Error! Unable to allocate rectangle.");
     return -1;
   }
-  text.reset(new (std::nothrow) sf::Text("", *font, INITIAL_CHARACTER_SIZE));
-  if (text == nullptr) {
+  g.text.reset(new (std::nothrow) sf::Text("", *g.font, INITIAL_CHARACTER_SIZE));
+  if (g.text == nullptr) {
     log().writeLog("DisplayManager::startUp(): Error! Unable to allocate text.");
     return -1;
   }
-  text->setStyle(sf::Text::Bold);
-  character_size = characterSizeForCells();
-  text->setCharacterSize(character_size);
+  g.text->setStyle(sf::Text::Bold);
+  g.character_size = characterSizeForCells();
+  g.text->setCharacterSize(g.character_size);
 
-  window_background_color = colorToSFML(Config::getInstance().getWindowBackgroundColor());
-  rectangle->setFillColor(window_background_color);
-  batch.setBackground(sf::Vector2f(charWidth(), charHeight()), window_background_color);
+  g.window_background_color = colorToSFML(Config::getInstance().getWindowBackgroundColor());
+  g.rectangle->setFillColor(g.window_background_color);
+  g.batch.setBackground(sf::Vector2f(charWidth(), charHeight()), g.window_background_color);
 
   // The text turns its string into code points through the current locale; the batch
   // must find the very same glyphs.
-  for (unsigned c = 0; c < code_points.size(); ++c) {
-    code_points[c] = sf::String(std::string(1, static_cast<char>(c)))[0];
+  for (unsigned c = 0; c < g.code_points.size(); ++c) {
+    g.code_points[c] = sf::String(std::string(1, static_cast<char>(c)))[0];
   }
-  glyphs.fill(nullptr);
+  g.glyphs.fill(nullptr);
 
-  composer = std::make_unique<CellComposer>();
-  if (!composer->create(window->getSize(), sf::Vector2f(charWidth(), charHeight()),
-                        window_background_color, *text)) {
-    composer.reset();
+  g.composer = std::make_unique<CellComposer>();
+  if (!g.composer->create(g.window->getSize(), sf::Vector2f(charWidth(), charHeight()),
+                          g.window_background_color, *g.text)) {
+    g.composer.reset();
   }
-  painter = std::make_unique<WindowPainter>();
-  if (!window->setActive(true) || !painter->open(window->getSystemHandle())) {
+  g.painter = std::make_unique<WindowPainter>();
+  if (!g.window->setActive(true) || !g.painter->open(g.window->getSystemHandle())) {
     log().writeLog(5, "DisplayManager::startUp(): pictures go through the graphics card alone.");
-    painter.reset();
+    g.painter.reset();
   }
-  startFrame();
+  g.startFrame();
   return 0;
 }
 
@@ -266,12 +315,12 @@ unsigned DisplayManager::characterSizeForCells() const {
 }
 
 void DisplayManager::shutDown() {
-  releaseGraphics();
+  graphics->release();
   Manager::shutDown();
   log().writeLog(5, "DisplayManager::shutDown(): successfully stopped.");
 }
 
-void DisplayManager::releaseGraphics() {
+void DisplayManager::Graphics::release() {
   batch.clear();
   painter.reset();
   composer.reset();
@@ -295,7 +344,7 @@ int DisplayManager::drawCharacter(Vector world_pos, char ch, unsigned char r, un
   if (cell_recorder != nullptr) {
     cell_recorder->recordCell(on_screen, ch, r, g, b);
   }
-  if (window == nullptr) {
+  if (graphics->window == nullptr) {
     // Headless, a recorder stands in for the screen: the cell was taken.
     return cell_recorder != nullptr ? 0 : -1;
   }
@@ -305,13 +354,20 @@ int DisplayManager::drawCharacter(Vector world_pos, char ch, unsigned char r, un
   // below it, where it frames the ink of a glyph that hangs from its origin.
   const sf::Vector2f background_at(pixel.getX() - charWidth() / 10,
                                    pixel.getY() + charHeight() / 5);
-  const sf::Color color(r, g, b);
+  graphics->drawCell(background_at, glyph_at, ch, sf::Color(r, g, b), rotation, batching,
+                     composing);
+  return 0;
+}
+
+void DisplayManager::Graphics::drawCell(sf::Vector2f background_at, sf::Vector2f glyph_at, char ch,
+                                        sf::Color color, float rotation, bool batching,
+                                        bool composing) {
   if (batching && composing && picture_open && composer != nullptr && rotation == 0.0f) {
     // A cell that the picture refuses goes in the batch, drawn over the picture.
     if (!composer->add(background_at, glyph_at, ch, glyphOf(ch), color)) {
       batchCell(background_at, glyph_at, ch, color, rotation);
     }
-    return 0;
+    return;
   }
   paintPicture();
   if (batching) {
@@ -319,7 +375,6 @@ int DisplayManager::drawCharacter(Vector world_pos, char ch, unsigned char r, un
   } else {
     drawCellAlone(background_at, glyph_at, ch, color, rotation);
   }
-  return 0;
 }
 
 int DisplayManager::drawCharacter(Vector world_pos, char ch, Color color, float rotation) {
@@ -328,8 +383,8 @@ int DisplayManager::drawCharacter(Vector world_pos, char ch, Color color, float 
   return drawCharacter(world_pos, ch, r, g, b, rotation);
 }
 
-void DisplayManager::drawCellAlone(sf::Vector2f background_at, sf::Vector2f glyph_at, char ch,
-                                   sf::Color color, float rotation) {
+void DisplayManager::Graphics::drawCellAlone(sf::Vector2f background_at, sf::Vector2f glyph_at,
+                                             char ch, sf::Color color, float rotation) {
   window_plain = false;
   rectangle->setPosition(background_at);
   rectangle->setRotation(rotation);
@@ -341,15 +396,15 @@ void DisplayManager::drawCellAlone(sf::Vector2f background_at, sf::Vector2f glyp
   window->draw(*text);
 }
 
-void DisplayManager::batchCell(sf::Vector2f background_at, sf::Vector2f glyph_at, char ch,
-                               sf::Color color, float rotation) {
+void DisplayManager::Graphics::batchCell(sf::Vector2f background_at, sf::Vector2f glyph_at, char ch,
+                                         sf::Color color, float rotation) {
   // A text hangs its glyphs from a baseline one character size below its origin.
   batch.add(background_at, glyph_at, static_cast<float>(character_size), glyphOf(ch), color,
             rotation);
 }
 
 // The font keeps each glyph in one place for as long as it lives.
-const sf::Glyph* DisplayManager::glyphOf(char ch) {
+const sf::Glyph* DisplayManager::Graphics::glyphOf(char ch) {
   const unsigned char index = static_cast<unsigned char>(ch);
   if (glyphs[index] == nullptr && !isBlank(code_points[index])) {
     glyphs[index] = &font->getGlyph(code_points[index], character_size, true);
@@ -357,7 +412,7 @@ const sf::Glyph* DisplayManager::glyphOf(char ch) {
   return glyphs[index];
 }
 
-void DisplayManager::drawBatch() {
+void DisplayManager::Graphics::drawBatch() {
   if (batch.empty() || window == nullptr) {
     return;
   }
@@ -371,7 +426,7 @@ int DisplayManager::drawString(Vector world_pos, std::string str, Justification 
     return -1;
   }
   // Headless, nothing is drawn, but a recorder still sees the string's cells.
-  if (window == nullptr && cell_recorder == nullptr) {
+  if (graphics->window == nullptr && cell_recorder == nullptr) {
     return -1;
   }
   const int length = static_cast<int>(str.size());
@@ -386,7 +441,7 @@ int DisplayManager::drawString(Vector world_pos, std::string str, Justification 
   for (int i = 0; i < length; ++i) {
     drawCharacter(Vector(x + static_cast<float>(i), world_pos.getY()), str[i], r, g, b, 0.0f);
   }
-  return window == nullptr ? -1 : 0;
+  return graphics->window == nullptr ? -1 : 0;
 }
 
 int DisplayManager::swapBuffers() {
@@ -394,27 +449,30 @@ int DisplayManager::swapBuffers() {
     log().writeLog("%s not started!", getType().c_str());
     return -1;
   }
-  if (window == nullptr) {
+  if (graphics->window == nullptr) {
     return -1;
   }
+  graphics->show();
+  return 0;
+}
+
+void DisplayManager::Graphics::show() {
   const bool picture_alone = picture_open && composer != nullptr && batch.empty();
   if (picture_alone && putPicture()) {
     startFrame();
-    return 0;
+    return;
   }
-  paintPicture();
-  drawBatch();
+  drawPending();
   window->display();
   showing_picture_alone = picture_alone;
   frames_not_shown = 0;
   startFrame();
-  return 0;
 }
 
 // The window keeps what X put into it from one frame to the next, unlike the
 // graphics card's buffers: a picture that the window shows already needs only
 // its changed tiles, and an unchanged one nothing at all.
-bool DisplayManager::putPicture() {
+bool DisplayManager::Graphics::putPicture() {
   const bool changed = composer->compose();
   const bool pixels_lost = painter != nullptr && painter->lostPixels();
   if (showing_picture_alone && !pixels_lost && frames_not_shown < MOST_FRAMES_NOT_SHOWN) {
@@ -437,7 +495,7 @@ bool DisplayManager::putPicture() {
   return true;
 }
 
-void DisplayManager::paintPicture() {
+void DisplayManager::Graphics::paintPicture() {
   if (!picture_open) {
     return;
   }
@@ -451,7 +509,12 @@ void DisplayManager::paintPicture() {
   window_plain = composer->empty();
 }
 
-void DisplayManager::startFrame() {
+void DisplayManager::Graphics::drawPending() {
+  paintPicture();
+  drawBatch();
+}
+
+void DisplayManager::Graphics::startFrame() {
   picture_open = true;
   if (composer != nullptr) {
     composer->startFrame();
@@ -463,20 +526,20 @@ int DisplayManager::captureScreen(sf::Image& picture) {
     log().writeLog("DisplayManager::captureScreen(): Error! %s not started.", getType().c_str());
     return -1;
   }
-  if (window == nullptr) {
+  if (graphics->window == nullptr) {
     log().writeLog("DisplayManager::captureScreen(): Error! No window in headless mode.");
     return -1;
   }
-  paintPicture();
-  drawBatch();
-  const sf::Vector2u size = window->getSize();
+  graphics->drawPending();
+  const sf::RenderWindow& window = *graphics->window;
+  const sf::Vector2u size = window.getSize();
   sf::Texture copy;
   if (!copy.create(size.x, size.y)) {
     log().writeLog("DisplayManager::captureScreen(): Error! No texture of %u by %u pixels.", size.x,
                    size.y);
     return -1;
   }
-  copy.update(*window);
+  copy.update(window);
   picture = copy.copyToImage();
   return 0;
 }
@@ -499,7 +562,7 @@ int DisplayManager::saveScreenshot(std::string file) {
 }
 
 void DisplayManager::setBatching(bool batched) {
-  drawBatch();
+  graphics->drawBatch();
   batching = batched;
 }
 
@@ -519,20 +582,19 @@ int DisplayManager::getHorizontalPixels() const { return window_horizontal_pixel
 
 int DisplayManager::getVerticalPixels() const { return window_vertical_pixels; }
 
-sf::RenderWindow* DisplayManager::getWindow() const { return window.get(); }
+sf::RenderWindow* DisplayManager::getWindow() const { return graphics->window.get(); }
 
 int DisplayManager::draw(const sf::Drawable& drawable) {
-  if (window == nullptr) {
+  if (graphics->window == nullptr) {
     return -1;
   }
-  paintPicture();
-  drawBatch();
-  window->draw(drawable);
-  window_plain = false;
+  graphics->drawPending();
+  graphics->window->draw(drawable);
+  graphics->window_plain = false;
   return 0;
 }
 
-void DisplayManager::clearToBackground() {
+void DisplayManager::Graphics::clearToBackground() {
   window->clear(window_background_color);
   window_plain = true;
 }

@@ -3,29 +3,20 @@
 // headless mode there is no window and nothing here touches graphics.
 #pragma once
 
-#include <SFML/Config.hpp>
-#include <SFML/Graphics/Color.hpp>
-#include <SFML/System/Vector2.hpp>
-#include <array>
 #include <memory>
 #include <string>
 
-#include "CellBatch.h"
-#include "CellComposer.h"
 #include "CellRecorder.h"
 #include "Color.h"
 #include "Justification.h"
 #include "Manager.h"
 #include "Vector.h"
-#include "WindowPainter.h"
 
+// A game that includes this header needs SFML's headers only if it draws with SFML itself.
 namespace sf {
 class Drawable;
-class Font;
 class Image;
-class RectangleShape;
 class RenderWindow;
-class Text;
 }  // namespace sf
 
 namespace mv {
@@ -109,52 +100,17 @@ class DisplayManager : public Manager {
   int loadFont();
   int createDrawables();
   unsigned characterSizeForCells() const;
-  void releaseGraphics();
 
-  void drawCellAlone(sf::Vector2f background_at, sf::Vector2f glyph_at, char ch, sf::Color color,
-                     float rotation);
-  void batchCell(sf::Vector2f background_at, sf::Vector2f glyph_at, char ch, sf::Color color,
-                 float rotation);
-  const sf::Glyph* glyphOf(char ch);
-  void drawBatch();
-  // Puts the picture of this frame's composed cells into the window, under
-  // whatever comes after; from then on this frame's cells go in the batch.
-  void paintPicture();
-  // Shows a frame of the picture alone, straight through X; false when it can't.
-  bool putPicture();
-  void startFrame();
-  void clearToBackground();
+  // What the window draws with, and how far this frame's drawing has come.
+  struct Graphics;
 
-  std::unique_ptr<sf::Font> font;
-  std::unique_ptr<sf::RenderWindow> window;
   int window_horizontal_pixels;
   int window_vertical_pixels;
   int window_horizontal_chars;
   int window_vertical_chars;
-  std::unique_ptr<sf::RectangleShape> rectangle;
-  sf::Color window_background_color;
-  std::unique_ptr<sf::Text> text;
-
-  unsigned character_size;
-  // What the text makes of each char: the code point it looks up in the font.
-  std::array<sf::Uint32, 256> code_points;
-  // The font's glyph of each char once looked up; null for blanks and chars not yet looked up.
-  std::array<const sf::Glyph*, 256> glyphs;
+  std::unique_ptr<Graphics> graphics;
   bool batching;
-  CellBatch batch;
   bool composing;
-  // Null when the graphics card can't hold a picture of the window's size.
-  std::unique_ptr<CellComposer> composer;
-  // Null when the window's pixels are laid out in a way it doesn't know.
-  std::unique_ptr<WindowPainter> painter;
-  // Whether nothing has been drawn into the window since the frame began, so
-  // that cells may still join the picture.
-  bool picture_open;
-  // Whether the window shows the picture as composed last and nothing over it.
-  bool showing_picture_alone;
-  int frames_not_shown;
-  // Whether the window shows nothing but the background since it was last cleared.
-  bool window_plain;
   CellRecorder* cell_recorder;
 };
 
