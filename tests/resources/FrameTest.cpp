@@ -61,35 +61,34 @@ TEST_F(FrameTest, BrokenOrEmptyFramesDrawWhatTheyHoldAndNoMore) {
       << "headless without a recorder nothing can be drawn";
 }
 
+// Gives the sprite `frame` as its one frame and its size.
+void holdFrame(mv::Sprite& sprite, const Frame& frame) {
+  sprite.setWidth(frame.getWidth());
+  sprite.setHeight(frame.getHeight());
+  sprite.addFrame(frame);
+}
+
+// An object at `position` and `altitude` that shows `sprite`.
+void showAt(mv::Sprite* sprite, Vector position, int altitude) {
+  mv::Animation animation;
+  animation.setSprite(sprite);
+  auto* o = new mv::Object;
+  o->setPosition(position);
+  o->setAnimation(animation, true);
+  o->setAltitude(altitude);
+}
+
 TEST_F(FrameTest, TheWorldDrawsHigherAltitudesOverLowerOnes) {
   ASSERT_EQ(mv::WorldManager::getInstance().startUp(), 0);
   mv::WorldManager::getInstance().setView(mv::Box(Vector(0, 0), 12, 5));
   mv::Sprite wall(1);
-  wall.setWidth(5);
-  wall.setHeight(1);
-  wall.addFrame(Frame(5, 1, "====="));
+  holdFrame(wall, Frame(5, 1, "====="));
   mv::Sprite hero(1);
-  hero.setWidth(1);
-  hero.setHeight(1);
+  holdFrame(hero, Frame(1, 1, "@"));
   hero.setTransparency(' ');
-  hero.addFrame(Frame(1, 1, "@"));
-
-  mv::Animation wall_animation;
-  wall_animation.setSprite(&wall);
-  auto* floor = new mv::Object;
-  floor->setPosition(Vector(4, 2));
-  floor->setAnimation(wall_animation, true);
-  floor->setAltitude(3);
-  mv::Animation hero_animation;
-  hero_animation.setSprite(&hero);
-  auto* player = new mv::Object;
-  player->setPosition(Vector(3, 2));
-  player->setAnimation(hero_animation, true);
-  player->setAltitude(4);
-  auto* below = new mv::Object;
-  below->setPosition(Vector(5, 2));
-  below->setAnimation(hero_animation, true);
-  below->setAltitude(0);
+  showAt(&wall, Vector(4, 2), 3);
+  showAt(&hero, Vector(3, 2), 4);
+  showAt(&hero, Vector(5, 2), 0);
 
   mv::WorldManager::getInstance().draw();
   EXPECT_EQ(screen.text(),
