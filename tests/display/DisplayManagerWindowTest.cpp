@@ -159,34 +159,14 @@ int differingPixels(const sf::Image& one, const sf::Image& other) {
 
 // Cells half a cell off the grid, over the varied screen: every cell overlaps four others.
 void drawOffGrid() {
+  mv_scenes::drawVariedScreen(3);
   DisplayManager::getInstance().drawString(Vector(3.5f, 4.5f), "Over the grid, half a cell off",
                                            mv::LEFT, mv::YELLOW);
 }
 
-void drawVariedScreen() { mv_scenes::drawVariedScreen(3); }
-
-void drawVariedAndOffGrid() {
-  drawVariedScreen();
-  drawOffGrid();
-}
-
-// A turned cell makes the batch keep each background.
-void drawVariedAndTurned() {
-  drawVariedAndOffGrid();
-  DisplayManager::getInstance().drawCharacter(Vector(10.3f, 7.7f), '#', mv::CYAN, 30.0f);
-}
-
-// A figure in the window before the cells makes them keep their backgrounds too.
-void drawFigureUnderCells() {
-  sf::CircleShape figure(200.0f);
-  figure.setFillColor(sf::Color(200, 120, 40));
-  DisplayManager::getInstance().draw(figure);
-  drawVariedAndOffGrid();
-}
-
 // Cells under a shape, the shape, then cells of every named colour over it.
 void drawCellsAroundAShape() {
-  drawVariedScreen();
+  mv_scenes::drawVariedScreen(3);
   mv::Shape shape;
   shape.setSize(60.0f);
   shape.setColorRGB(30, 160, 220);
@@ -197,12 +177,35 @@ void drawCellsAroundAShape() {
   }
 }
 
-// A frame shown, then one where only a few cells differ from it.
-void drawAFewChangedCells() {
-  mv_scenes::drawSlowlyChangingScreen(0, 50);
-  DisplayManager::getInstance().swapBuffers();
-  mv_scenes::drawSlowlyChangingScreen(1, 50);
-}
+const struct Scene {
+  const char* name;
+  void (*draw)();
+} SCENES[] = {
+    {"varied", [] { mv_scenes::drawVariedScreen(3); }},
+    {"off the grid", drawOffGrid},
+    // A turned cell makes the batch keep each background.
+    {"a turned cell",
+     [] {
+       drawOffGrid();
+       DisplayManager::getInstance().drawCharacter(Vector(10.3f, 7.7f), '#', mv::CYAN, 30.0f);
+     }},
+    // A figure in the window before the cells makes them keep their backgrounds too.
+    {"a figure under the cells",
+     [] {
+       sf::CircleShape figure(200.0f);
+       figure.setFillColor(sf::Color(200, 120, 40));
+       DisplayManager::getInstance().draw(figure);
+       drawOffGrid();
+     }},
+    {"cells around a shape", drawCellsAroundAShape},
+    // A frame shown, then one where only a few cells differ from it.
+    {"a few changed cells",
+     [] {
+       mv_scenes::drawSlowlyChangingScreen(0, 50);
+       DisplayManager::getInstance().swapBuffers();
+       mv_scenes::drawSlowlyChangingScreen(1, 50);
+     }},
+};
 
 struct Way {
   const char* name;
@@ -234,13 +237,11 @@ TEST(DisplayWindowBatches, LookLikeCellsDrawnOneByOne) {
                            "window_horizontal_pixels:1024,window_vertical_pixels:768,"}) {
     mv_test::ScratchDirectory scratch;
     ASSERT_EQ(mv_test::startDisplay(grid), 0);
-    for (void (*scene)() : {drawVariedScreen, drawVariedAndOffGrid, drawVariedAndTurned,
-                            drawFigureUnderCells, drawCellsAroundAShape, drawAFewChangedCells}) {
-      const sf::Image alone = drawnAs(ONE_BY_ONE, scene);
+    for (const Scene& scene : SCENES) {
+      const sf::Image alone = drawnAs(ONE_BY_ONE, scene.draw);
       for (const Way& way : WAYS) {
-        EXPECT_LE(differingPixels(alone, drawnAs(way, scene)), mostDiffering(alone))
-            << "grid '" << grid << "', scene " << reinterpret_cast<void*>(scene) << ", "
-            << way.name;
+        EXPECT_LE(differingPixels(alone, drawnAs(way, scene.draw)), mostDiffering(alone))
+            << "grid '" << grid << "', " << scene.name << ", " << way.name;
       }
     }
     DisplayManager::getInstance().shutDown();
@@ -337,10 +338,11 @@ TEST(DisplayWindowStartUp, MissingFontStopsTheGameFromStarting) {
   EXPECT_EQ(game.startUp(), -1);
   EXPECT_FALSE(DisplayManager::getInstance().isStarted());
   game.shutDown();
-  const std::string log = mv_test::readFile("morvane.log");
-  EXPECT_TRUE(mv_test::hasMessage(
-      log, "DisplayManager::startUp(): Error! Unable to open font from file 'no-such-font.ttf'."));
-  EXPECT_TRUE(mv_test::hasMessage(log, "GameManager::startUp(): Error! Starting display manager."));
+  EXPECT_EQ(mv_test::missingInOrder(
+                mv_test::logFileMessages(),
+                {"DisplayManager::startUp(): Error! Unable to open font from file 'no-such-font.ttf'.",
+                 "GameManager::startUp(): Error! Starting display manager."}),
+            "");
 }
 
 }  // namespace

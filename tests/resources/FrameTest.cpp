@@ -3,11 +3,8 @@
 #include <gtest/gtest.h>
 
 #include "DisplayManager.h"
-#include "Object.h"
 #include "ScratchDirectory.h"
-#include "Sprite.h"
 #include "TextScreen.h"
-#include "WorldManager.h"
 #include "displayStart.h"
 
 namespace {
@@ -59,45 +56,6 @@ TEST_F(FrameTest, BrokenOrEmptyFramesDrawWhatTheyHoldAndNoMore) {
   mv::DisplayManager::getInstance().setCellRecorder(nullptr);
   EXPECT_EQ(Frame(1, 1, "a").draw(Vector(1, 1), mv::RED, 0), -1)
       << "headless without a recorder nothing can be drawn";
-}
-
-// Gives the sprite `frame` as its one frame and its size.
-void holdFrame(mv::Sprite& sprite, const Frame& frame) {
-  sprite.setWidth(frame.getWidth());
-  sprite.setHeight(frame.getHeight());
-  sprite.addFrame(frame);
-}
-
-// An object at `position` and `altitude` that shows `sprite`.
-void showAt(mv::Sprite* sprite, Vector position, int altitude) {
-  mv::Animation animation;
-  animation.setSprite(sprite);
-  auto* o = new mv::Object;
-  o->setPosition(position);
-  o->setAnimation(animation, true);
-  o->setAltitude(altitude);
-}
-
-TEST_F(FrameTest, TheWorldDrawsHigherAltitudesOverLowerOnes) {
-  ASSERT_EQ(mv::WorldManager::getInstance().startUp(), 0);
-  mv::WorldManager::getInstance().setView(mv::Box(Vector(0, 0), 12, 5));
-  mv::Sprite wall(1);
-  holdFrame(wall, Frame(5, 1, "====="));
-  mv::Sprite hero(1);
-  holdFrame(hero, Frame(1, 1, "@"));
-  hero.setTransparency(' ');
-  showAt(&wall, Vector(4, 2), 3);
-  showAt(&hero, Vector(3, 2), 4);
-  showAt(&hero, Vector(5, 2), 0);
-
-  mv::WorldManager::getInstance().draw();
-  EXPECT_EQ(screen.text(),
-            "            \n"
-            "            \n"
-            "  =@===     \n"
-            "            \n"
-            "            \n");
-  mv::WorldManager::getInstance().shutDown();
 }
 
 }  // namespace
