@@ -40,9 +40,13 @@ std::vector<std::string> startAndStop(const mv_test::ScratchDirectory& scratch,
 
 TEST(GameManagerStartUp, WritesTheBannerAndStopLinesAndNothingSilenced) {
   const std::vector<std::string> expected = {
-      STARS, "** Morvane version 4.21 **", "** Game engine started **", STARS,
+      STARS,
+      "** Morvane version 4.21 **",
+      "** Game engine started **",
+      STARS,
       "GameManager::startup(): Warning! GameManager already started.",
-      STARS, "** Game engine stopped **"};
+      STARS,
+      "** Game engine stopped **"};
   mv_test::ScratchDirectory scratch;
   EXPECT_EQ(startAndStop(scratch, ""), expected);
   EXPECT_TRUE(GameManager::getInstance().isValid("mv-step"));
@@ -53,7 +57,8 @@ TEST(GameManagerStartUp, WithEveryLevelShownTellsEachStepInOrder) {
   mv_test::ScratchDirectory scratch;
   LogManager::getInstance().setLogLevel(10);
   const std::string directory = std::filesystem::current_path().string();
-  const std::vector<std::string> messages = startAndStop(scratch, "frame_time:25,random_seed:1234,");
+  const std::vector<std::string> messages =
+      startAndStop(scratch, "frame_time:25,random_seed:1234,");
   EXPECT_EQ(
       mv_test::missingInOrder(messages, {"LogManager::startUp(): successfully started.",
                                          "** Game engine started **",

@@ -47,8 +47,9 @@ TEST(LogManager, StartUpReplacesTheConfiguredFileUnlessTheEnvironmentNamesAnothe
   EXPECT_EQ(log.startUp(), -1) << "a second start is refused";
   log.shutDown();
   EXPECT_EQ(mv_test::logFileMessages("game.log"), std::vector<std::string>{"into the file"});
-  EXPECT_EQ(mv_test::logFileMessages("chosen.log"),
-            std::vector<std::string>{"LogManager::startup(): Warning! LogManager already started."});
+  EXPECT_EQ(
+      mv_test::logFileMessages("chosen.log"),
+      std::vector<std::string>{"LogManager::startup(): Warning! LogManager already started."});
 }
 
 }  // namespace

@@ -114,11 +114,11 @@ TEST(DisplayManagerCells, ConvertBetweenSpacesAndPixelsWithoutOffsets) {
   EXPECT_EQ(mv::spacesToPixels(Vector(1, 1)), Vector(mv::charWidth(), mv::charHeight()));
   mv::pixelsToSpaces(mv::spacesToPixels(Vector(17.25f, -3.5f)));
   DisplayManager::getInstance().shutDown();
-  EXPECT_EQ(mv_test::missingInOrder(
-                logAfterStop(),
-                {"spacesToPixels(int): spaces (1.00,1.00) = pixels (12.80,32.00)",
-                 "pixelsToSpaces(): pixels (220.80,-112.00) = spaces (17.25,-3.50)"}),
-            "")
+  EXPECT_EQ(
+      mv_test::missingInOrder(logAfterStop(),
+                              {"spacesToPixels(int): spaces (1.00,1.00) = pixels (12.80,32.00)",
+                               "pixelsToSpaces(): pixels (220.80,-112.00) = spaces (17.25,-3.50)"}),
+      "")
       << "cells of 12.8 by 32 pixels, and back";
 }
 

@@ -124,7 +124,8 @@ TEST_F(SpriteFile, SimpleHeaderItemsAreRequiredInOrderAndChecked) {
       {"2\n3\n2\n4\ndefault\n",
        unknownColor("RM::loadSimpleSprite(): Error line 5! Unrecognized color 'default'.", "or")},
       // Absurd sizes are refused before anything is made.
-      {"20000\n", {"RM::loadSimpleSprite(): Error line 1! Number of frames is 20000, more than 10000."}},
+      {"20000\n",
+       {"RM::loadSimpleSprite(): Error line 1! Number of frames is 20000, more than 10000."}},
       {"99999999999999999999\n",
        {"RM::loadSimpleSprite(): Error line 1! Number of frames is 2147483647, more than 10000."}},
       {"1\n1001\n", {"RM::loadSimpleSprite(): Error line 2! Width is 1001, more than 1000."}},
@@ -163,8 +164,7 @@ TEST_F(SpriteFile, SimpleRowsMustBeAllThereEachOfTheWidthAndNothingAfter) {
   expectRefused({
       {fileText({"2", "3", "2", "4", "red", "/#\\", "\\#", "|#|", "|#|"}),
        {"RM::loadSimpleSprite(): Error line 7!", "\tLine  7: '\\#'", "\tWidth is 2, expected 3."}},
-      {ship.substr(0, ship.size() - 1),
-       {GETLINE_EOF, eof, "\tReading frame 2 of 2, row 2 of 2."}},
+      {ship.substr(0, ship.size() - 1), {GETLINE_EOF, eof, "\tReading frame 2 of 2, row 2 of 2."}},
       {fileText({"2", "3", "2", "4", "red", "/#\\", "\\#/"}),
        {GETLINE_EOF, eof, "\tReading frame 2 of 2, row 1 of 2."}},
       {ship + "\n", {line_10, "\tExtra file data: ''"}},
@@ -187,9 +187,11 @@ TEST_F(SpriteFile, RobustHeadersTakeDefaultsAndTheLastOfRepeatedKeys) {
 
   // A quoted blank and a bare blank both make the space transparent.
   for (const std::string value : {"\" \"", " "}) {
-    const Lines header = {"frames 1", "width 1", "height 1", "color default", "transparency " + value};
+    const Lines header = {"frames 1", "width 1", "height 1", "color default",
+                          "transparency " + value};
     ASSERT_EQ(loadSprite(robust(header, {"o", "end"}), value), 0);
-    EXPECT_EQ(describe(sprite(value)), value + " 1 of 1x1 slowdown 0 color 7 transparency 32 1x1:o");
+    EXPECT_EQ(describe(sprite(value)),
+              value + " 1 of 1x1 slowdown 0 color 7 transparency 32 1x1:o");
   }
 }
 
@@ -222,7 +224,8 @@ TEST_F(SpriteFile, RobustBlocksMustStandInOrderClosedAndWithoutEmptyLines) {
   misnamed.replace(misnamed.find("<BODY>"), 6, "<BOD>");
   std::string with_gap = ship_text;
   with_gap.replace(with_gap.find("width 3\n"), 8, "width 3\n\n");
-  const std::string no_version = "RM::loadRobustSprite(): Error! Missing 'version' in FOOTER (line 19).";
+  const std::string no_version =
+      "RM::loadRobustSprite(): Error! Missing 'version' in FOOTER (line 19).";
   expectRefused({
       {misnamed, {"readData(): Error line 9! Expected '<BODY>', have '<BOD>'."}},
       {with_gap, {"readData(): Error! Stop at line 3, never encountered '</HEADER>'."}},

@@ -128,29 +128,27 @@ mv::EventMouse mouseAt(Vector where, mv::EventMouseAction action, int button = 0
 TEST_F(ViewObjectTest, ButtonsLightUpUnderTheMouseAndActOnClicksAlone) {
   mv::WorldManager::getInstance().setView(mv::Box(Vector(0, 0), 80, 24));
   auto* button = new CountingButton;
-  // The box runs from (35,10.5) to (45,13.5), edges included.
-  for (const auto& [where, inside] : {std::pair{Vector(45, 13.5f), true},
-                                      {Vector(45.1f, 13.5f), false},
-                                      {Vector(35, 10.5f), true}}) {
-    const mv::EventMouse moved = mouseAt(where, mv::MOVED);
-    EXPECT_EQ(button->mouseInside(&moved), inside) << where.toString();
-  }
 
-  const struct {
-    const char* what;
-    mv::EventMouse mouse;
-    mv::Color color;
-    int clicks;
-  } steps[] = {
-      {"holding a button over it is no click", mouseAt(Vector(40, 12), mv::PRESSED), mv::RED, 0},
-      {"a click of any button", mouseAt(Vector(40, 12), mv::CLICKED, 1), mv::RED, 1},
-      {"a click outside", mouseAt(Vector(2, 2), mv::CLICKED), mv::WHITE, 1},
-  };
-  for (const auto& step : steps) {
-    EXPECT_EQ(button->eventHandler(&step.mouse), 1) << step.what;
-    EXPECT_EQ(button->getColor(), step.color) << step.what;
-    EXPECT_EQ(button->clicks, step.clicks) << step.what;
-  }
+  const mv::EventMouse inside_corner = mouseAt(Vector(45, 13.5f), mv::MOVED);
+  EXPECT_TRUE(button->mouseInside(&inside_corner)) << "the box runs from (35,10.5) to (45,13.5)";
+  const mv::EventMouse just_outside = mouseAt(Vector(45.1f, 13.5f), mv::MOVED);
+  EXPECT_FALSE(button->mouseInside(&just_outside));
+  const mv::EventMouse far_corner = mouseAt(Vector(35, 10.5f), mv::MOVED);
+  EXPECT_TRUE(button->mouseInside(&far_corner));
+
+  const mv::EventMouse held_over = mouseAt(Vector(40, 12), mv::PRESSED);
+  EXPECT_EQ(button->eventHandler(&held_over), 1);
+  EXPECT_EQ(button->getColor(), mv::RED);
+  EXPECT_EQ(button->clicks, 0) << "holding a button over it is no click";
+
+  const mv::EventMouse right_click = mouseAt(Vector(40, 12), mv::CLICKED, 1);
+  button->eventHandler(&right_click);
+  EXPECT_EQ(button->clicks, 1);
+
+  const mv::EventMouse click_outside = mouseAt(Vector(2, 2), mv::CLICKED);
+  EXPECT_EQ(button->eventHandler(&click_outside), 1);
+  EXPECT_EQ(button->getColor(), mv::WHITE);
+  EXPECT_EQ(button->clicks, 1);
 
   const mv::EventView view("button", 5, false);
   EXPECT_EQ(button->eventHandler(&view), 0) << "buttons do not follow view events";

@@ -115,8 +115,8 @@ TEST(GridSettings, CellSizesThatAreNoSizesFallBackAndAGridNotStartedRefusesWork)
   const std::string height = "Grid::Grid(): Warning! grid_height -3 is not a cell size. Using 8.";
   EXPECT_EQ(mv_test::logMessages(errors),
             (std::vector<std::string>{width, height, "Grid::insertObject(): Error! grid is NULL",
-                                      "Grid::getCollisions(): Error! grid is NULL",
-                                      width, height,  // the start reads the sizes anew
+                                      "Grid::getCollisions(): Error! grid is NULL", width,
+                                      height,  // the start reads the sizes anew
                                       "Grid::startUp(): Warning! Grid allocated. Not proceeding.",
                                       "Grid::removeObject(): Error! Object is NULL"}));
 }
