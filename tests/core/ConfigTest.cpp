@@ -6,6 +6,7 @@
 
 #include "ScratchDirectory.h"
 #include "logLines.h"
+#include "utility.h"
 
 namespace {
 
@@ -60,6 +61,17 @@ TEST(ConfigFile, JoinsLinesWithoutCommentsBlanksOrCarriageReturns) {
   EXPECT_EQ(config.getRandomSeed(), 42) << "a last entry without comma or newline is read";
 }
 
+// The settings that the next case reads, in one line.
+std::string settings(const Config& c) {
+  return "style " + std::to_string(c.getWindowStyle()) + " state " +
+         std::to_string(c.getWindowState()) + " background " +
+         std::to_string(c.getWindowBackgroundColor()) + " mouse " +
+         std::to_string(c.getShowMouse()) + " networking " + std::to_string(c.getNetworking()) +
+         " frame " + std::to_string(c.getFrameTime()) + " columns " +
+         std::to_string(c.getWindowHorizontalChars()) + " font " + mv::toString(c.getFontScale()) +
+         " grid " + std::to_string(c.getGridWidth()) + " log " + c.getLogFile();
+}
+
 TEST(ConfigValues, BadValuesSayWhyAndKeepTheirDefaultAndKeywordsSetTheirValues) {
   mv_test::ScratchDirectory scratch;
   scratch.write("mv-config.txt",
@@ -72,26 +84,20 @@ TEST(ConfigValues, BadValuesSayWhyAndKeepTheirDefaultAndKeywordsSetTheirValues) 
             (std::vector<std::string>{"loadConfig(): Unsupported window color 'purple'",
                                       "loadConfig(): Unsupported window style '0'",
                                       "loadConfig(): Unsupported window state 'maximised'"}));
-  EXPECT_EQ(config.getWindowStyle(), 5);
-  EXPECT_EQ(config.getWindowState(), 0);
-  EXPECT_EQ(config.getWindowBackgroundColor(), mv::BLACK);
-  EXPECT_FALSE(config.getShowMouse()) << "only the exact word true is true";
-  EXPECT_FALSE(config.getNetworking());
-  EXPECT_EQ(config.getFrameTime(), 0) << "text that is no number reads as 0";
-  EXPECT_EQ(config.getWindowHorizontalChars(), 2147483647) << "too large a number is clamped";
-  EXPECT_EQ(config.getFontScale(), 0.0f);
+  // Only the exact word true is true, text that is no number reads as 0, and
+  // too large a number is clamped.
+  EXPECT_EQ(settings(config),
+            "style 5 state 0 background 0 mouse 0 networking 0 frame 0 columns 2147483647 font 0 "
+            "grid 20 log morvane.log");
 
   scratch.write("mv-config.txt",
                 "window_style:none,window_state:fullscreen,window_background_color:cyan,"
                 "show_mouse:true,font_scale:1.5,grid_width:7,logfile:game.log,");
   config.loadConfig();
-  EXPECT_EQ(config.getWindowStyle(), 0);
-  EXPECT_EQ(config.getWindowState(), 1);
-  EXPECT_EQ(config.getWindowBackgroundColor(), mv::CYAN);
-  EXPECT_TRUE(config.getShowMouse());
-  EXPECT_EQ(config.getFontScale(), 1.5f);
-  EXPECT_EQ(config.getGridWidth(), 7);
-  EXPECT_EQ(config.getLogFile(), "game.log");
+  EXPECT_EQ(settings(config),
+            "style 0 state 1 background 6 mouse 1 networking 0 frame 0 columns 2147483647 font 1.5 "
+            "grid 7 log game.log")
+      << "a later load overwrites only what its text names";
 }
 
 }  // namespace

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <filesystem>
 
@@ -22,10 +23,15 @@ const std::string STARS(52, '*');
 // These cases are about the start and stop sequence, not about the window.
 const std::string HEADLESS = "headless:true,";
 
-std::vector<std::string> startAndStop() {
+// Starts and stops the engine with this configuration; answers the log's messages.
+std::vector<std::string> startAndStop(const mv_test::ScratchDirectory& scratch,
+                                      const std::string& config) {
+  scratch.write("mv-config.txt", HEADLESS + config);
   GameManager& game = GameManager::getInstance();
   EXPECT_EQ(game.startUp(), 0);
   EXPECT_TRUE(LogManager::getInstance().isStarted());
+  EXPECT_EQ(game.startUp(), -1) << "a second start is refused";
+  EXPECT_TRUE(game.isStarted());
   game.shutDown();
   EXPECT_FALSE(game.isStarted());
   EXPECT_FALSE(LogManager::getInstance().isStarted());
@@ -33,21 +39,26 @@ std::vector<std::string> startAndStop() {
 }
 
 TEST(GameManagerStartUp, WritesTheBannerAndStopLinesAndNothingSilenced) {
-  mv_test::ScratchDirectory scratch;
-  scratch.write("mv-config.txt", HEADLESS);
   const std::vector<std::string> expected = {
-      STARS, "** Morvane version 4.21 **", "** Game engine started **", STARS,
-      STARS, "** Game engine stopped **"};
-  EXPECT_EQ(startAndStop(), expected);
+      STARS,
+      "** Morvane version 4.21 **",
+      "** Game engine started **",
+      STARS,
+      "GameManager::startup(): Warning! GameManager already started.",
+      STARS,
+      "** Game engine stopped **"};
+  mv_test::ScratchDirectory scratch;
+  EXPECT_EQ(startAndStop(scratch, ""), expected);
+  EXPECT_TRUE(GameManager::getInstance().isValid("mv-step"));
+  EXPECT_FALSE(GameManager::getInstance().isValid("mv-step ")) << "labels are compared whole";
 }
 
 TEST(GameManagerStartUp, WithEveryLevelShownTellsEachStepInOrder) {
   mv_test::ScratchDirectory scratch;
-  scratch.write("mv-config.txt", HEADLESS + "frame_time:25,random_seed:1234,");
   LogManager::getInstance().setLogLevel(10);
-
-  const std::vector<std::string> messages = startAndStop();
-
+  const std::string directory = std::filesystem::current_path().string();
+  const std::vector<std::string> messages =
+      startAndStop(scratch, "frame_time:25,random_seed:1234,");
   EXPECT_EQ(
       mv_test::missingInOrder(messages, {"LogManager::startUp(): successfully started.",
                                          "** Game engine started **",
@@ -55,7 +66,7 @@ TEST(GameManagerStartUp, WithEveryLevelShownTellsEachStepInOrder) {
                                          "  Frame time: 25",
                                          "  Scene graph: grid",
                                          "Working directory:",
-                                         "  " + std::filesystem::current_path().string(),
+                                         "  " + directory,
                                          "Log Manager started.",
                                          "GameManager::startUp(): frame time is 25 milliseconds",
                                          "Display manager started.",
@@ -81,38 +92,16 @@ TEST(GameManagerStartUp, SeedsFromTheConfigurationOrTheTimeOrNotAtAll) {
   std::srand(1234);
   const int expected_first = std::rand();
   std::srand(1);
-
-  scratch.write("mv-config.txt", HEADLESS + "random_seed:1234,");
-  ASSERT_EQ(GameManager::getInstance().startUp(), 0);
+  startAndStop(scratch, "random_seed:1234,");
   EXPECT_EQ(std::rand(), expected_first);
-  GameManager::getInstance().shutDown();
 
   LogManager::getInstance().setLogLevel(10);
-  scratch.write("mv-config.txt", HEADLESS + "random_seed:-1,");
-  ASSERT_EQ(GameManager::getInstance().startUp(), 0);
-  GameManager::getInstance().shutDown();
-  EXPECT_EQ(mv_test::readFile("morvane.log").find("srand()"), std::string::npos)
-      << "a seed of -1 leaves the generator alone";
-
-  scratch.write("mv-config.txt", HEADLESS + "random_seed:0,");
-  ASSERT_EQ(GameManager::getInstance().startUp(), 0);
-  GameManager::getInstance().shutDown();
-  EXPECT_NE(mv_test::readFile("morvane.log").find("srand() seed with"), std::string::npos)
-      << "a seed of 0 seeds from the time";
-}
-
-TEST(GameManagerStartUp, RefusesASecondStartAndLeavesEverythingRunning) {
-  mv_test::ScratchDirectory scratch;
-  scratch.write("mv-config.txt", HEADLESS);
-  GameManager& game = GameManager::getInstance();
-  ASSERT_EQ(game.startUp(), 0);
-  EXPECT_EQ(game.startUp(), -1);
-  EXPECT_TRUE(game.isStarted());
-  EXPECT_TRUE(LogManager::getInstance().isStarted());
-  game.shutDown();
-  EXPECT_TRUE(mv_test::logged("GameManager::startup(): Warning! GameManager already started."));
-  EXPECT_TRUE(game.isValid("mv-step"));
-  EXPECT_FALSE(game.isValid("mv-step ")) << "labels are compared whole";
+  const auto seeded = [](const std::vector<std::string>& messages) {
+    return std::any_of(messages.begin(), messages.end(),
+                       [](const std::string& m) { return m.find("srand() seed with") != m.npos; });
+  };
+  EXPECT_FALSE(seeded(startAndStop(scratch, "random_seed:-1,"))) << "-1 leaves the generator alone";
+  EXPECT_TRUE(seeded(startAndStop(scratch, "random_seed:0,"))) << "0 seeds from the time";
 }
 
 TEST(GameManagerStartUp, FailingLogStopsTheStartAndShutDownStillEndsCleanly) {
@@ -134,6 +123,8 @@ TEST(GameManagerStartUp, FailingLogStopsTheStartAndShutDownStillEndsCleanly) {
   EXPECT_TRUE(game.getGameOver());
 }
 
+int counters_deleted = 0;
+
 // Counts its steps, moves one cell a frame and ends the run at a given step.
 class StepCounter : public mv::Object {
  public:
@@ -142,6 +133,7 @@ class StepCounter : public mv::Object {
     setVelocity(mv::Vector(1, 0));
     registerInterest("mv-step");
   }
+  ~StepCounter() override { counters_deleted++; }
   int eventHandler(const mv::Event* event) override {
     const auto* step = dynamic_cast<const mv::EventStep*>(event);
     if (step == nullptr) {
@@ -157,7 +149,7 @@ class StepCounter : public mv::Object {
   std::vector<int> steps;
 };
 
-TEST(GameManagerRun, AFrameThatSetsGameOverRunsToItsEndAndEachRunCountsFromZero) {
+TEST(GameManagerRun, AFrameThatSetsGameOverRunsToItsEndEachRunCountsFromZeroAndStopDeletesAll) {
   mv_test::ScratchDirectory scratch;
   scratch.write("mv-config.txt", HEADLESS + "frame_time:0,");
   GameManager& game = GameManager::getInstance();
@@ -173,26 +165,11 @@ TEST(GameManagerRun, AFrameThatSetsGameOverRunsToItsEndAndEachRunCountsFromZero)
   game.run();
   EXPECT_EQ(counter->steps, (std::vector<int>{0, 1, 2, 3, 0, 1}));
   game.shutDown();
+  EXPECT_EQ(counters_deleted, 1) << "shutting down deletes what is left in the world";
+  EXPECT_FALSE(mv::WorldManager::getInstance().isStarted());
 
   EXPECT_EQ(mv_test::readFile("morvane.log").find("Can't keep up"), std::string::npos)
       << "a frame time of 0 runs flat out without complaint";
-}
-
-TEST(GameManagerRun, ShutDownDeletesWhatIsLeftInTheWorld) {
-  mv_test::ScratchDirectory scratch;
-  scratch.write("mv-config.txt", HEADLESS);
-  GameManager& game = GameManager::getInstance();
-  ASSERT_EQ(game.startUp(), 0);
-  bool destroyed = false;
-  struct Watched : mv::Object {
-    explicit Watched(bool* flag) : flag(flag) {}
-    ~Watched() override { *flag = true; }
-    bool* flag;
-  };
-  new Watched(&destroyed);
-  game.shutDown();
-  EXPECT_TRUE(destroyed);
-  EXPECT_FALSE(mv::WorldManager::getInstance().isStarted());
 }
 
 }  // namespace

@@ -41,7 +41,7 @@ TEST(ObjectList, GrowsByDoublingAndRefusesNull) {
   EXPECT_EQ(list.getCapacity(), 16) << "clearing keeps the storage";
 }
 
-TEST(ObjectList, RemovesTheFirstMatchAndKeepsTheOrderOfTheRest) {
+TEST(ObjectList, RemovesTheFirstMatchKeepsTheOrderOfTheRestAndCopiesAreValues) {
   ObjectList list;
   for (int n : {1, 2, 3, 2}) {
     list.insert(fake(n));
@@ -56,6 +56,12 @@ TEST(ObjectList, RemovesTheFirstMatchAndKeepsTheOrderOfTheRest) {
   EXPECT_EQ(toVector(before_removal), (Objects{fake(1), fake(2), fake(3), fake(2)}))
       << "a copy is independent of its original";
   EXPECT_EQ(before_removal.getCapacity(), 4) << "a copy keeps the capacity";
+  EXPECT_EQ(toVector(list + before_removal),
+            (Objects{fake(1), fake(3), fake(2), fake(1), fake(2), fake(3), fake(2)}))
+      << "a sum appends the other list";
+  list = list;
+  EXPECT_EQ(toVector(list), (Objects{fake(1), fake(3), fake(2)}))
+      << "assigning to itself changes nothing";
 }
 
 TEST(ObjectList, IndexingChecksItsBounds) {
@@ -72,18 +78,6 @@ TEST(ObjectList, IndexingChecksItsBounds) {
   } catch (const std::out_of_range& error) {
     EXPECT_STREQ(error.what(), "Invalid index!");
   }
-}
-
-TEST(ObjectList, SumAppendsTheOtherList) {
-  ObjectList a;
-  a.insert(fake(1));
-  ObjectList b;
-  b.insert(fake(2));
-  b.insert(fake(3));
-  EXPECT_EQ(toVector(a + b), (Objects{fake(1), fake(2), fake(3)}));
-  EXPECT_EQ(toVector(a), Objects{fake(1)});
-  a = a;
-  EXPECT_EQ(toVector(a), Objects{fake(1)}) << "assigning to itself changes nothing";
 }
 
 TEST(ObjectListIterator, SeesAppendedElementsAndStopsAtTheEnd) {

@@ -8,16 +8,17 @@
 
 namespace {
 
-TEST(Utility, ColoursConvertByTheTableAndLeaveOthersAlone) {
-  unsigned char r = 1, g = 2, b = 3;
-  mv::colorToRGB(mv::YELLOW, r, g, b);
-  EXPECT_EQ((std::vector<int>{r, g, b}), (std::vector<int>{255, 255, 0}));
+// The red, green and blue that colorToRGB leaves in channels that held 9, 8 and 7.
+std::vector<int> rgbOf(mv::Color color) {
+  unsigned char r = 9, g = 8, b = 7;
+  mv::colorToRGB(color, r, g, b);
+  return {r, g, b};
+}
 
-  r = 9, g = 8, b = 7;
-  mv::colorToRGB(mv::CUSTOM, r, g, b);
-  EXPECT_EQ((std::vector<int>{r, g, b}), (std::vector<int>{9, 8, 7}));
-  mv::colorToRGB(static_cast<mv::Color>(42), r, g, b);
-  EXPECT_EQ((std::vector<int>{r, g, b}), (std::vector<int>{9, 8, 7}));
+TEST(Utility, ColoursConvertByTheTableAndLeaveOthersAlone) {
+  EXPECT_EQ(rgbOf(mv::YELLOW), (std::vector<int>{255, 255, 0}));
+  EXPECT_EQ(rgbOf(mv::CUSTOM), (std::vector<int>{9, 8, 7}));
+  EXPECT_EQ(rgbOf(static_cast<mv::Color>(42)), (std::vector<int>{9, 8, 7}));
 
   EXPECT_EQ(mv::colorToString(mv::CUSTOM), "Unknown color");
   EXPECT_EQ(mv::colorToString(static_cast<mv::Color>(-1)), "Unknown color");

@@ -7,7 +7,6 @@
 #include <filesystem>
 
 #include "Config.h"
-#include "GameManager.h"
 #include "LogManager.h"
 #include "ScratchDirectory.h"
 #include "TextScreen.h"
@@ -22,9 +21,10 @@ using mv::Vector;
 
 const char* const HEADLESS = "headless:true,";
 
-std::string logText() {
+// Stops the log and answers its messages.
+std::vector<std::string> logAfterStop() {
   mv::LogManager::getInstance().shutDown();
-  return mv_test::readFile("morvane.log");
+  return mv_test::logFileMessages();
 }
 
 TEST(DisplayManagerHeadless, StartsWithoutTouchingGraphicsAndDrawsNothingSilently) {
@@ -34,7 +34,6 @@ TEST(DisplayManagerHeadless, StartsWithoutTouchingGraphicsAndDrawsNothingSilentl
   mv::LogManager::getInstance().setLogLevel(29);
   ASSERT_EQ(mv_test::startDisplay("headless:true,window_horizontal_chars:100,"), 0);
   DisplayManager& display = DisplayManager::getInstance();
-
   EXPECT_EQ(display.getWindow(), nullptr);
   EXPECT_EQ(display.getHorizontalChars(), 100);
 
@@ -45,14 +44,15 @@ TEST(DisplayManagerHeadless, StartsWithoutTouchingGraphicsAndDrawsNothingSilentl
   EXPECT_EQ(display.swapBuffers(), -1);
   mv::LogManager::getInstance().writeLog("drawing ends");
   display.shutDown();
+  EXPECT_FALSE(display.isStarted());
 
-  const std::vector<std::string> messages = mv_test::logMessages(logText());
+  const std::vector<std::string> messages = logAfterStop();
   const auto starts = std::find(messages.begin(), messages.end(), "drawing starts");
   ASSERT_NE(starts, messages.end());
   EXPECT_EQ(*(starts + 1), "drawing ends") << "drawing headless writes nothing";
-  EXPECT_TRUE(mv_test::hasMessage(mv_test::readFile("morvane.log"),
-                                  "DisplayManager::startUp(): no graphics in headless mode."));
-  EXPECT_FALSE(display.isStarted());
+  EXPECT_EQ(mv_test::missingInOrder(messages,
+                                    {"DisplayManager::startUp(): no graphics in headless mode."}),
+            "");
 }
 
 TEST(DisplayManagerHeadless, DrawingBeforeTheStartScreenshotsAndCapturesAreRefusedWithAReason) {
@@ -69,16 +69,15 @@ TEST(DisplayManagerHeadless, DrawingBeforeTheStartScreenshotsAndCapturesAreRefus
   EXPECT_EQ(display.saveScreenshot("shot.txt"), -1);
   display.shutDown();
 
-  const std::string log = logText();
-  const std::vector<std::string> messages = mv_test::logMessages(log);
-  EXPECT_EQ(std::count(messages.begin(), messages.end(), "DisplayManager not started!"), 3)
-      << "every drawing call before the start says so";
-  EXPECT_TRUE(mv_test::hasMessage(
-      log, "DisplayManager::captureScreen(): Error! DisplayManager not started."));
-  EXPECT_TRUE(mv_test::hasMessage(
-      log, "DisplayManager::captureScreen(): Error! No window in headless mode."));
-  EXPECT_TRUE(mv_test::hasMessage(
-      log, "DisplayManager::saveScreenshot(): Error! File name 'shot.txt' does not end in .png."));
+  EXPECT_EQ(mv_test::missingInOrder(
+                logAfterStop(),
+                {"DisplayManager::captureScreen(): Error! DisplayManager not started.",
+                 "DisplayManager not started!", "DisplayManager not started!",
+                 "DisplayManager not started!",
+                 "DisplayManager::captureScreen(): Error! No window in headless mode.",
+                 "DisplayManager::saveScreenshot(): Error! File name 'shot.txt' does not end in "
+                 ".png."}),
+            "");
   EXPECT_FALSE(std::filesystem::exists("shot.png"));
 }
 
@@ -99,37 +98,28 @@ TEST(DisplayManagerStartUp, RefusesAGridWithoutCellsAndASecondStart) {
   EXPECT_TRUE(display.isStarted());
   display.shutDown();
 
-  const std::string log = logText();
-  EXPECT_TRUE(mv_test::hasMessage(
-      log,
-      "DisplayManager::startUp(): Error! A window of 1024 by 768 pixels and 80 by 0 characters "
-      "can't be drawn: pixels 0 (the desktop's) to 32767, characters 1 to 32767."));
-  EXPECT_TRUE(mv_test::hasMessage(
-      log, "DisplayManager::startup(): Warning! DisplayManager already started."));
+  EXPECT_EQ(mv_test::missingInOrder(
+                logAfterStop(),
+                {"DisplayManager::startUp(): Error! A window of 1024 by 768 pixels and 80 by 0 "
+                 "characters can't be drawn: pixels 0 (the desktop's) to 32767, characters 1 to "
+                 "32767.",
+                 "DisplayManager::startup(): Warning! DisplayManager already started."}),
+            "");
 }
 
 TEST(DisplayManagerCells, ConvertBetweenSpacesAndPixelsWithoutOffsets) {
   mv_test::ScratchDirectory scratch;
   mv::LogManager::getInstance().setLogLevel(30);
   ASSERT_EQ(mv_test::startDisplay(HEADLESS), 0);
-
-  EXPECT_FLOAT_EQ(mv::charWidth(), 12.8f);
-  EXPECT_FLOAT_EQ(mv::charHeight(), 32.0f);
-  const Vector pixels = mv::spacesToPixels(Vector(1, 1));
-  EXPECT_FLOAT_EQ(pixels.getX(), 12.8f);
-  EXPECT_FLOAT_EQ(pixels.getY(), 32.0f);
-
-  const Vector there(17.25f, -3.5f);
-  const Vector back = mv::pixelsToSpaces(mv::spacesToPixels(there));
-  EXPECT_NEAR(back.getX(), there.getX(), 1e-5);
-  EXPECT_NEAR(back.getY(), there.getY(), 1e-5);
+  EXPECT_EQ(mv::spacesToPixels(Vector(1, 1)), Vector(mv::charWidth(), mv::charHeight()));
+  mv::pixelsToSpaces(mv::spacesToPixels(Vector(17.25f, -3.5f)));
   DisplayManager::getInstance().shutDown();
-
-  const std::string log = logText();
-  EXPECT_TRUE(
-      mv_test::hasMessage(log, "spacesToPixels(int): spaces (1.00,1.00) = pixels (12.80,32.00)"));
-  EXPECT_TRUE(
-      mv_test::hasMessage(log, "pixelsToSpaces(): pixels (220.80,-112.00) = spaces (17.25,-3.50)"));
+  EXPECT_EQ(
+      mv_test::missingInOrder(logAfterStop(),
+                              {"spacesToPixels(int): spaces (1.00,1.00) = pixels (12.80,32.00)",
+                               "pixelsToSpaces(): pixels (220.80,-112.00) = spaces (17.25,-3.50)"}),
+      "")
+      << "cells of 12.8 by 32 pixels, and back";
 }
 
 TEST(DisplayManagerRecorder, SeesEveryCellOfStringsAsJustifiedEvenHeadless) {
@@ -171,25 +161,8 @@ TEST(ColorToSFML, GivesTheColourOpaqueAndWhiteWithALineForTheRest) {
   EXPECT_EQ(mv::colorToSFML(mv::YELLOW), sf::Color(255, 255, 0, 255));
   EXPECT_EQ(mv::colorToSFML(mv::CUSTOM), sf::Color::White);
   EXPECT_EQ(mv::colorToSFML(static_cast<mv::Color>(-4)), sf::Color::White);
-  const std::string log = logText();
-  EXPECT_TRUE(mv_test::hasMessage(log, "colorToSFML(): Color is CUSTOM."));
-  EXPECT_TRUE(mv_test::hasMessage(log, "colorToSFML(): Color -4 not supported."));
-}
-
-TEST(GameManagerWithDisplay, StartsAndStopsTheDisplayInItsPlace) {
-  mv_test::ScratchDirectory scratch;
-  scratch.write("mv-config.txt", "headless:true,");
-  mv::LogManager::getInstance().setLogLevel(1);
-  mv::GameManager& game = mv::GameManager::getInstance();
-  ASSERT_EQ(game.startUp(), 0);
-  EXPECT_TRUE(DisplayManager::getInstance().isStarted());
-  game.shutDown();
-  EXPECT_FALSE(DisplayManager::getInstance().isStarted());
-
-  EXPECT_EQ(mv_test::missingInOrder(mv_test::logFileMessages(),
-                                    {"Log Manager started.", "Display manager started.",
-                                     "GameManager successfully started.", "Display manager stopped",
-                                     "** Game engine stopped **"}),
+  EXPECT_EQ(mv_test::missingInOrder(logAfterStop(), {"colorToSFML(): Color is CUSTOM.",
+                                                     "colorToSFML(): Color -4 not supported."}),
             "");
 }
 
@@ -198,10 +171,11 @@ TEST(DisplayManagerStartUp, WithoutADisplayServerFailsWithAReasonInsteadOfEnding
   setenv("DISPLAY", ":4711", 1);
   EXPECT_EQ(mv_test::startDisplay(""), -1);
   EXPECT_FALSE(DisplayManager::getInstance().isStarted());
-  const std::string log = logText();
-  EXPECT_TRUE(mv_test::hasMessage(
-      log, "DisplayManager::startUp(): Error! No display server at DISPLAY ':4711'."));
-  EXPECT_TRUE(mv_test::hasMessage(log, "DisplayManager::startUp(): Unable to allocate window!"));
+  EXPECT_EQ(mv_test::missingInOrder(
+                logAfterStop(),
+                {"DisplayManager::startUp(): Error! No display server at DISPLAY ':4711'.",
+                 "DisplayManager::startUp(): Unable to allocate window!"}),
+            "");
 }
 
 }  // namespace

@@ -3,11 +3,8 @@
 #include <gtest/gtest.h>
 
 #include "DisplayManager.h"
-#include "Object.h"
 #include "ScratchDirectory.h"
-#include "Sprite.h"
 #include "TextScreen.h"
-#include "WorldManager.h"
 #include "displayStart.h"
 
 namespace {
@@ -59,46 +56,6 @@ TEST_F(FrameTest, BrokenOrEmptyFramesDrawWhatTheyHoldAndNoMore) {
   mv::DisplayManager::getInstance().setCellRecorder(nullptr);
   EXPECT_EQ(Frame(1, 1, "a").draw(Vector(1, 1), mv::RED, 0), -1)
       << "headless without a recorder nothing can be drawn";
-}
-
-TEST_F(FrameTest, TheWorldDrawsHigherAltitudesOverLowerOnes) {
-  ASSERT_EQ(mv::WorldManager::getInstance().startUp(), 0);
-  mv::WorldManager::getInstance().setView(mv::Box(Vector(0, 0), 12, 5));
-  mv::Sprite wall(1);
-  wall.setWidth(5);
-  wall.setHeight(1);
-  wall.addFrame(Frame(5, 1, "====="));
-  mv::Sprite hero(1);
-  hero.setWidth(1);
-  hero.setHeight(1);
-  hero.setTransparency(' ');
-  hero.addFrame(Frame(1, 1, "@"));
-
-  mv::Animation wall_animation;
-  wall_animation.setSprite(&wall);
-  auto* floor = new mv::Object;
-  floor->setPosition(Vector(4, 2));
-  floor->setAnimation(wall_animation, true);
-  floor->setAltitude(3);
-  mv::Animation hero_animation;
-  hero_animation.setSprite(&hero);
-  auto* player = new mv::Object;
-  player->setPosition(Vector(3, 2));
-  player->setAnimation(hero_animation, true);
-  player->setAltitude(4);
-  auto* below = new mv::Object;
-  below->setPosition(Vector(5, 2));
-  below->setAnimation(hero_animation, true);
-  below->setAltitude(0);
-
-  mv::WorldManager::getInstance().draw();
-  EXPECT_EQ(screen.text(),
-            "            \n"
-            "            \n"
-            "  =@===     \n"
-            "            \n"
-            "            \n");
-  mv::WorldManager::getInstance().shutDown();
 }
 
 }  // namespace

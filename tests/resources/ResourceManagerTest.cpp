@@ -13,46 +13,51 @@ using mv::ResourceManager;
 using mv_test::fileText;
 using Lines = std::vector<std::string>;
 
-const std::string DOT = fileText({"1", "1", "1", "0", "white", "."});
-
 class ResourceManagerTest : public mv_test::ResourceTest {
  protected:
+  void SetUp() override {
+    ResourceTest::SetUp();
+    scratch.write("dot.txt", fileText({"1", "1", "1", "0", "white", "."}));
+    mv_test::writeWav("beep.wav", 3000);
+  }
+
+  // What loading dot.txt as a sprite and beep.wav as a sound and as music, all
+  // under `label`, answers.
+  std::vector<int> loadEach(const std::string& label) {
+    return {resources.loadSprite("dot.txt", label), resources.loadSound("beep.wav", label),
+            resources.loadMusic("beep.wav", label)};
+  }
+
   ResourceManager& resources = ResourceManager::getInstance();
 };
+
+const std::vector<int> LOADED = {0, 0, 0}, REFUSED = {-1, -1, -1};
 
 TEST_F(ResourceManagerTest, RefusesEverythingButLookupsWhileStoppedAndASecondStart) {
   EXPECT_EQ(resources.startUp(), -1);
   EXPECT_EQ(newMessages(),
             Lines{"ResourceManager::startup(): Warning! ResourceManager already started."});
-  mv_test::writeWav("beep.wav", 300);
   resources.shutDown();
 
-  scratch.write("dot.txt", DOT);
-  EXPECT_EQ(resources.loadSprite("dot.txt", "dot"), -1);
-  EXPECT_EQ(resources.loadSound("beep.wav", "beep"), -1);
-  EXPECT_EQ(resources.loadMusic("beep.wav", "tune"), -1);
+  EXPECT_EQ(loadEach("dot"), REFUSED);
   EXPECT_EQ(resources.getSprite("dot"), nullptr);
   EXPECT_EQ(newMessages(), (Lines{"ResourceManager not started!", "ResourceManager not started!",
                                   "ResourceManager not started!",
                                   "RM::getSprite(): Warning! Sprite 'dot' not found."}));
 
   ASSERT_EQ(resources.startUp(), 0);
-  EXPECT_EQ(resources.loadSprite("dot.txt", "dot"), 0);
+  EXPECT_EQ(loadEach("dot"), LOADED);
 }
 
 TEST_F(ResourceManagerTest, LooksUpTheFirstResourceOfALabelAndWarnsWhenThereIsNone) {
-  scratch.write("dot.txt", DOT);
   scratch.write("two.txt", fileText({"2", "1", "1", "0", "blue", "a", "b"}));
-  ASSERT_EQ(resources.loadSprite("dot.txt", "dot"), 0);
+  ASSERT_EQ(loadEach("dot"), LOADED);
   ASSERT_EQ(resources.loadSprite("two.txt", "dot"), 0);
   ASSERT_EQ(resources.loadSprite("two.txt", ""), 0) << "sprites may have an empty label";
   EXPECT_EQ(resources.getSprite("dot")->getFrameCount(), 1) << "the first of a label wins";
   EXPECT_EQ(resources.getSprite("")->getColor(), mv::BLUE);
-
-  mv_test::writeWav("long.wav", 3000);
-  ASSERT_EQ(resources.loadSound("long.wav", "shot"), 0);
-  ASSERT_EQ(resources.loadMusic("long.wav", "tune"), 0);
-  EXPECT_EQ(resources.getMusic("tune")->getLabel(), "tune");
+  EXPECT_EQ(resources.getMusic("dot")->getLabel(), "dot");
+  ASSERT_EQ(resources.loadSound("beep.wav", "shot"), 0);
 
   newMessages();
   EXPECT_EQ(resources.getSprite("ship"), nullptr);
@@ -77,56 +82,39 @@ TEST_F(ResourceManagerTest, BadFilesAreRefusedWithTheirNamesAndLeaveTheSlotFree)
                    "RM::loadmusic(): Error! Cannot load music from file 'nowhere.ogg'.",
                    "RM::loadMusic(): Error! Must provide label for music."}));
 
-  mv_test::writeWav("bang.wav", 300);
-  ASSERT_EQ(resources.loadSound("bang.wav", "bang"), 0);
-  EXPECT_NE(resources.getSound("bang"), nullptr);
-  EXPECT_EQ(resources.loadSound("bang.wav", ""), 0) << "sounds may have an empty label";
+  ASSERT_EQ(resources.loadSound("beep.wav", "bang"), 0) << "a failed load left the slot free";
+  EXPECT_EQ(resources.loadSound("beep.wav", ""), 0) << "sounds may have an empty label";
 }
 
-TEST_F(ResourceManagerTest, HoldsAThousandSpritesAHundredSoundsAndFiftyTracks) {
-  scratch.write("dot.txt", DOT);
+TEST_F(ResourceManagerTest, HoldsAThousandSpritesAHundredSoundsAndFiftyTracksThenShutsAllDown) {
   for (int i = 0; i < mv::MAX_SPRITES; i++) {
-    ASSERT_EQ(resources.loadSprite("dot.txt", "dot" + std::to_string(i)), 0);
+    ASSERT_EQ(resources.loadSprite("dot.txt", std::to_string(i)), 0);
   }
-  mv_test::writeWav("beep.wav", 300);
   for (int i = 0; i < mv::MAX_SOUNDS; i++) {
-    ASSERT_EQ(resources.loadSound("beep.wav", "beep" + std::to_string(i)), 0);
+    ASSERT_EQ(resources.loadSound("beep.wav", std::to_string(i)), 0);
   }
   for (int i = 0; i < mv::MAX_MUSICS; i++) {
-    ASSERT_EQ(resources.loadMusic("beep.wav", "tune" + std::to_string(i)), 0);
+    ASSERT_EQ(resources.loadMusic("beep.wav", std::to_string(i)), 0);
   }
   newMessages();
-  EXPECT_EQ(resources.loadSprite("dot.txt", "one too many"), -1);
-  EXPECT_EQ(resources.loadSound("beep.wav", "one too many"), -1);
-  EXPECT_EQ(resources.loadMusic("beep.wav", "one too many"), -1);
+  EXPECT_EQ(loadEach("one too many"), REFUSED);
   EXPECT_EQ(newMessages(),
             (Lines{"RM::loadRobustSprite(): Error! Cannot add more Sprites (max is 1000).",
                    "RM::loadRobustSprite(): Sprite 'one too many' not loaded.",
                    "RM::loadSound(): Error! Unable to add more sounds (max is 100).",
                    "RM::loadMusic(): Error! Unable to add more musics (max is 50)."}));
-  EXPECT_NE(resources.getSprite("dot999"), nullptr);
-  EXPECT_NE(resources.getMusic("tune49"), nullptr);
-}
-
-TEST_F(ResourceManagerTest, ShutDownDropsTheSpritesAndStopsWhatPlays) {
-  scratch.write("dot.txt", DOT);
-  mv_test::writeWav("hum.wav", 3000);
-  ASSERT_EQ(resources.loadSprite("dot.txt", "dot"), 0);
-  ASSERT_EQ(resources.loadSound("hum.wav", "hum"), 0);
-  ASSERT_EQ(resources.loadMusic("hum.wav", "tune"), 0);
-  mv::Sound* hum = resources.getSound("hum");
-  mv::Music* tune = resources.getMusic("tune");
-  hum->play(true);
-  tune->play(true);
-  EXPECT_TRUE(hum->isPlaying());
-  EXPECT_TRUE(tune->isPlaying());
+  EXPECT_NE(resources.getSprite("999"), nullptr);
+  mv::Sound* sound = resources.getSound("99");
+  mv::Music* music = resources.getMusic("49");
+  sound->play(true);
+  music->play(true);
+  EXPECT_TRUE(sound->isPlaying() && music->isPlaying());
 
   resources.shutDown();
-  EXPECT_FALSE(hum->isPlaying());
-  EXPECT_FALSE(tune->isPlaying());
+  EXPECT_FALSE(sound->isPlaying() || music->isPlaying()) << "shutting down stops what plays";
   ASSERT_EQ(resources.startUp(), 0);
-  EXPECT_EQ(resources.getSound("hum"), nullptr) << "a new start begins with nothing loaded";
-  EXPECT_EQ(resources.getSprite("dot"), nullptr);
+  EXPECT_EQ(resources.getSound("99"), nullptr) << "a new start begins with nothing loaded";
+  EXPECT_EQ(resources.getSprite("999"), nullptr);
 }
 
 TEST_F(ResourceManagerTest, WritesEachStepOfALoadAndEveryRowWhenAsked) {

@@ -65,7 +65,6 @@ int RecordingObject::eventHandler(const mv::Event* event) {
 }
 
 int RecordingObject::draw() {
-  draw_count++;
   dispatch_log.push_back(getType() + ": draw");
   return mv::Object::draw();
 }

@@ -25,7 +25,6 @@ class RecordingObject : public mv::Object {
   std::function<void(const mv::Event*)> on_event;
   // Run in the destructor, while the object is still in the world.
   std::function<void()> on_destroy;
-  int draw_count = 0;
 };
 
 // The labels each object received, in order, across several objects:

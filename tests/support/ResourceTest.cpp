@@ -26,18 +26,14 @@ int ResourceTest::loadSprite(const std::string& contents, const std::string& lab
   return result;
 }
 
-std::vector<std::string> ResourceTest::messages() const {
-  return logMessages(readFile("morvane.log"));
-}
-
 std::vector<std::string> ResourceTest::newMessages() {
-  const std::vector<std::string> all = messages();
+  const std::vector<std::string> all = logFileMessages();
   const std::vector<std::string> fresh(all.begin() + static_cast<long>(messages_seen), all.end());
   messages_seen = all.size();
   return fresh;
 }
 
-std::string fileText(std::initializer_list<std::string> lines, const std::string& ending) {
+std::string fileText(const std::vector<std::string>& lines, const std::string& ending) {
   std::string text;
   for (const std::string& line : lines) {
     text += line + ending;

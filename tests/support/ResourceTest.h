@@ -5,7 +5,6 @@
 
 #include <gtest/gtest.h>
 
-#include <initializer_list>
 #include <string>
 #include <vector>
 
@@ -22,9 +21,6 @@ class ResourceTest : public ::testing::Test {
   // messages that the load wrote are then in `logged`.
   int loadSprite(const std::string& contents, const std::string& label = "ship");
 
-  // Every message in the log so far.
-  std::vector<std::string> messages() const;
-
   // The messages written since the last call, or since the test began.
   std::vector<std::string> newMessages();
 
@@ -36,6 +32,6 @@ class ResourceTest : public ::testing::Test {
 };
 
 // The lines joined, each followed by `ending`.
-std::string fileText(std::initializer_list<std::string> lines, const std::string& ending = "\n");
+std::string fileText(const std::vector<std::string>& lines, const std::string& ending = "\n");
 
 }  // namespace mv_test

@@ -12,11 +12,9 @@ namespace mv_test {
 
 namespace {
 
-bool contains(const mv::ObjectList& list, const mv::Object* o) {
-  int found = 0;
-  for (int i = 0; i < list.getCount(); i++) {
-    found += list[i] == o ? 1 : 0;
-  }
+bool contains(const mv::ObjectList& list, mv::Object* o) {
+  const std::vector<mv::Object*> objects = toVector(list);
+  const auto found = std::count(objects.begin(), objects.end(), o);
   EXPECT_LE(found, 1) << "listed twice: " << o->getType();
   return found == 1;
 }
@@ -71,7 +69,7 @@ void expectSceneGraphConsistent(const std::vector<mv::Object*>& objects) {
   const mv::SceneGraph& graph = mv::WorldManager::getInstance().getSceneGraph();
   const mv::Grid& grid = graph.getGrid();
   int active_count = 0;
-  for (const mv::Object* o : objects) {
+  for (mv::Object* o : objects) {
     SCOPED_TRACE("object " + o->getType());
     const bool active = o->isActive();
     active_count += active ? 1 : 0;
