@@ -69,19 +69,4 @@ TEST_F(UpgradeButtonTest, EachButtonClickedGivesItsUpgradeAndTheNextRoomComesOnT
   }
 }
 
-TEST_F(UpgradeButtonTest, AClickUnderTheEndScreenReachesNoHero) {
-  offered();
-  hold({sf::Keyboard::Escape}, 1);
-  ASSERT_TRUE(all("Hero").empty());
-  const std::vector<mv::Object*> buttons = all("UpgradeButton");
-  ASSERT_EQ(buttons.size(), 2u);
-  click(buttons[0]->getPosition());
-  frame();
-  EXPECT_EQ(all("UpgradeButton").size(), 2u);
-  for (int i = 0; i < 10 && all("GameStart").empty(); i++) {
-    frame();
-  }
-  EXPECT_EQ(all("").size(), 1u) << "the start screen alone";
-}
-
 }  // namespace
