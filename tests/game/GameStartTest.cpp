@@ -59,8 +59,8 @@ TEST_F(GameStartTest, TheEndScreenGivesWayToTheStartScreenAloneAndTheNextGameSta
   const int first_hero_id = first_hero->getId();
   const Stats fresh = statsOf(first_hero);
   input.queueKey(sf::Event::KeyPressed, Key::O);
-  clearTheEnemies();
-  frame();
+  markAll("Enemy");
+  frames(2);
   EXPECT_GT(shown("Points"), 0);
   const std::vector<mv::Object*> buttons = all("UpgradeButton");
   ASSERT_EQ(buttons.size(), 2u);

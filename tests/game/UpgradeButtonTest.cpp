@@ -26,12 +26,8 @@ TEST_F(UpgradeButtonTest, AStatAtItsLimitIsNeverOffered) {
     for (unsigned seed = 1; seed <= 200; seed++) {
       emptyTheWorld();
       auto* hero = new Hero;
-      for (int i = 0; i < c.size_upgrades; i++) {
-        hero->applyUpgrade("bullet size");
-      }
-      for (int i = 0; i < c.rate_upgrades; i++) {
-        hero->applyUpgrade("fire rate");
-      }
+      applyUpgrade(hero, "bullet size", c.size_upgrades);
+      applyUpgrade(hero, "fire rate", c.rate_upgrades);
       std::srand(seed);
       frame();
       for (mv::Object* button : all("UpgradeButton")) {
