@@ -146,9 +146,7 @@ TEST_F(EnemyTest, EveryEnemyDestroyedAddsTenPointsHoweverItGoes) {
   world.update();
   EXPECT_EQ(enemies[0]->getHealth(), 2);
   EXPECT_EQ(shown("Points"), 10) << "one of 3 health hurt, one of 3 health killed";
-  for (Enemy* enemy : {enemies[0], enemies[2], enemies[3]}) {
-    world.markForDelete(enemy);
-  }
+  markAll("Enemy");
   world.update();
   EXPECT_EQ(shown("Points"), 40);
 }

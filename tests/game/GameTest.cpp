@@ -123,9 +123,7 @@ void GameTest::hold(const std::set<sf::Keyboard::Key>& keys, int count) {
 }
 
 void GameTest::emptyTheWorld() {
-  for (mv::Object* o : all("")) {
-    world().markForDelete(o);
-  }
+  markAll("");
   world().update();
   step_count = 0;
 }
@@ -137,9 +135,9 @@ Hero* GameTest::offered() {
   return hero;
 }
 
-void GameTest::clearTheEnemies() {
-  for (mv::Object* enemy : all("Enemy")) {
-    world().markForDelete(enemy);
+void GameTest::markAll(const std::string& type) {
+  for (mv::Object* o : all(type)) {
+    world().markForDelete(o);
   }
 }
 
@@ -206,6 +204,12 @@ std::vector<std::string> upgradeNames() {
     names.push_back(upgrade.name);
   }
   return names;
+}
+
+void applyUpgrade(Hero* hero, const std::string& name, int times) {
+  for (int i = 0; i < times; i++) {
+    EXPECT_EQ(hero->applyUpgrade(name), 0) << name;
+  }
 }
 
 Stats upgraded(Stats stats, const std::string& name) {

@@ -49,8 +49,8 @@ class GameTest : public ::testing::Test {
   void hold(const std::set<sf::Keyboard::Key>& keys, int count);
   // Marks every object for deletion and carries it out; steps count from 0 again.
   void emptyTheWorld();
-  // Marks every enemy for deletion, as if the hero had shot them all.
-  void clearTheEnemies();
+  // Marks every object of `type` for deletion; "Enemy" as if the hero had shot them all.
+  void markAll(const std::string& type);
 
   // A click of the left button at a place on the screen, in cells.
   void click(mv::Vector where);
@@ -79,6 +79,8 @@ using Stats = std::array<double, 8>;
 Stats statsOf(const Hero* hero);
 // The names of the eight upgrades.
 std::vector<std::string> upgradeNames();
+// Gives `hero` the upgrade `name` `times` times over.
+void applyUpgrade(Hero* hero, const std::string& name, int times);
 // `stats` as the upgrade `name` leaves them.
 Stats upgraded(Stats stats, const std::string& name);
 // Player speed is a float: stats agree to a millionth.

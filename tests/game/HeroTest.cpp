@@ -42,9 +42,7 @@ TEST_F(HeroTest, AMoveEveryOtherStepByTheFirstFittingRowOfHeldKeysAndOnlyInsideT
     SCOPED_TRACE(testing::Message() << "case " << &c - cases);
     Hero* hero = heroAlone();
     hero->setPosition(c.from);
-    for (int i = 0; i < c.speed_upgrades; i++) {
-      hero->applyUpgrade("player speed");
-    }
+    applyUpgrade(hero, "player speed", c.speed_upgrades);
     hold(c.held, c.steps);
     EXPECT_EQ(hero->getPosition() - c.from, c.moved);
   }
@@ -52,13 +50,9 @@ TEST_F(HeroTest, AMoveEveryOtherStepByTheFirstFittingRowOfHeldKeysAndOnlyInsideT
 
 TEST_F(HeroTest, AVolleyGoesAtTheMouseEveryThirtyStepsWithItsOtherBulletsStrayingALittle) {
   Hero* hero = heroAlone();
-  const std::pair<const char*, int> upgrades[] = {
-      {"add bullets", 7}, {"bullet size", 3}, {"bullet speed", 1}};
-  for (const auto& [name, times] : upgrades) {
-    for (int i = 0; i < times; i++) {
-      hero->applyUpgrade(name);
-    }
-  }
+  applyUpgrade(hero, "add bullets", 7);
+  applyUpgrade(hero, "bullet size", 3);
+  applyUpgrade(hero, "bullet speed", 1);
   input.held_buttons = {sf::Mouse::Left};
   input.mouse = pixelsOf(Vector(57, 24));
   EXPECT_EQ(stepsBuilding("Bullet", 60), (std::vector<int>{29, 59}));

@@ -19,7 +19,7 @@ class RoomTest : public GameTest {
   // Clears the room whose id is `room` and plays on, taking an offered upgrade,
   // until the next room stands alone.
   void playOnFrom(int room) {
-    clearTheEnemies();
+    markAll("Enemy");
     for (int i = 0; i < 20; i++) {
       frame();
       const std::vector<mv::Object*> buttons = all("UpgradeButton");

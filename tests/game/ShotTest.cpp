@@ -65,9 +65,7 @@ TEST_F(ShotTest, WallsTurnAShotBackOneAxisEachUntilItsBouncesAreSpent) {
     EXPECT_EQ(bullet->getVelocity(), c.velocity);
     world.update();
     EXPECT_EQ(all("Bullet").size(), c.survives ? 1u : 0u);
-    for (mv::Object* o : all("Bullet")) {
-      world.markForDelete(o);
-    }
+    markAll("Bullet");
   }
 }
 

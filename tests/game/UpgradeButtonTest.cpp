@@ -26,12 +26,8 @@ TEST_F(UpgradeButtonTest, AStatAtItsLimitIsNeverOffered) {
     for (unsigned seed = 1; seed <= 200; seed++) {
       emptyTheWorld();
       auto* hero = new Hero;
-      for (int i = 0; i < c.size_upgrades; i++) {
-        hero->applyUpgrade("bullet size");
-      }
-      for (int i = 0; i < c.rate_upgrades; i++) {
-        hero->applyUpgrade("fire rate");
-      }
+      applyUpgrade(hero, "bullet size", c.size_upgrades);
+      applyUpgrade(hero, "fire rate", c.rate_upgrades);
       std::srand(seed);
       frame();
       for (mv::Object* button : all("UpgradeButton")) {
@@ -67,21 +63,6 @@ TEST_F(UpgradeButtonTest, EachButtonClickedGivesItsUpgradeAndTheNextRoomComesOnT
     EXPECT_TRUE(all("UpgradeButton").empty());
     EXPECT_FALSE(hero->isUpgrading());
   }
-}
-
-TEST_F(UpgradeButtonTest, AClickUnderTheEndScreenReachesNoHero) {
-  offered();
-  hold({sf::Keyboard::Escape}, 1);
-  ASSERT_TRUE(all("Hero").empty());
-  const std::vector<mv::Object*> buttons = all("UpgradeButton");
-  ASSERT_EQ(buttons.size(), 2u);
-  click(buttons[0]->getPosition());
-  frame();
-  EXPECT_EQ(all("UpgradeButton").size(), 2u);
-  for (int i = 0; i < 10 && all("GameStart").empty(); i++) {
-    frame();
-  }
-  EXPECT_EQ(all("").size(), 1u) << "the start screen alone";
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 #include <sys/socket.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <functional>
 #include <vector>
@@ -21,33 +22,39 @@
 namespace {
 
 using mv::NetworkManager;
+using mv_test::logged;
 
 NetworkManager& network() { return NetworkManager::getInstance(); }
-
-bool logged(const std::string& message) {
-  return mv_test::hasMessage(mv_test::readFile("morvane.log"), message);
-}
 
 bool logHas(const std::string& part) {
   return mv_test::readFile("morvane.log").find(part) != std::string::npos;
 }
 
-// Waits up to two seconds for `done`, letting the manager read once a millisecond.
-bool pollUntil(const std::function<bool()>& done) {
-  for (int i = 0; i < 2000 && !done(); i++) {
-    network().receive();
+// Tries `attempt` once a millisecond until it succeeds or two seconds pass.
+bool withinTwoSeconds(const std::function<bool()>& attempt) {
+  for (int i = 0; i < 2000; i++) {
+    if (attempt()) {
+      return true;
+    }
     mv::platform::sleepMilliseconds(1);
   }
-  return done();
+  return false;
 }
 
-// The next connection waiting, given two seconds to arrive; -1 if none came.
+// Lets the manager read until `done`.
+bool pollUntil(const std::function<bool()>& done) {
+  return withinTwoSeconds([&] {
+    if (!done()) {
+      network().receive();
+    }
+    return done();
+  });
+}
+
+// The next connection waiting; -1 if none came.
 int acceptOne() {
   int socket = -1;
-  for (int i = 0; i < 2000 && socket < 0; i++) {
-    socket = network().accept();
-    mv::platform::sleepMilliseconds(socket < 0 ? 1 : 0);
-  }
+  withinTwoSeconds([&] { return (socket = network().accept()) >= 0; });
   return socket;
 }
 
@@ -59,31 +66,22 @@ void sendRaw(int peer, const std::string& bytes) {
             static_cast<long>(bytes.size()));
 }
 
-// What the peer has been sent, once `bytes` of it are there or two seconds pass.
+// What the peer has been sent, once `bytes` of it are there or the wait ends.
 std::string readFromPeer(int peer, std::size_t bytes) {
   std::string got;
   char chunk[4096];
-  for (int i = 0; i < 2000 && got.size() < bytes; i++) {
+  withinTwoSeconds([&] {
     const long n = mv::sockets::receiveSome(peer, chunk, sizeof chunk);
-    if (n > 0) {
-      got.append(chunk, static_cast<std::size_t>(n));
-    }
-    mv::platform::sleepMilliseconds(n > 0 ? 0 : 1);
-  }
+    got.append(chunk, static_cast<std::size_t>(std::max(n, 0L)));
+    return got.size() >= bytes;
+  });
   return got;
 }
 
 // Whether our side closed the peer's connection: its reads come to the end.
 bool peerSeesClose(int peer) {
   char chunk[4096];
-  for (int i = 0; i < 2000; i++) {
-    const long n = mv::sockets::receiveSome(peer, chunk, sizeof chunk);
-    if (n == 0) {
-      return true;
-    }
-    mv::platform::sleepMilliseconds(n > 0 ? 0 : 1);
-  }
-  return false;
+  return withinTwoSeconds([&] { return mv::sockets::receiveSome(peer, chunk, sizeof chunk) == 0; });
 }
 
 std::size_t openDescriptors() {
@@ -281,40 +279,6 @@ TEST_F(NetworkTest, AHostilePeerIsClosedAndTakesNoOneElsesPlace) {
   EXPECT_EQ(openDescriptors(), descriptors_before) << "every socket given back";
 }
 
-// Sends one message at a step of its own choosing and a second due at once,
-// behind it, when a peer connects; leaves at step 5.
-class Sender : public mv::Object {
- public:
-  Sender() {
-    registerInterest(mv::STEP_EVENT);
-    registerInterest(mv::NETWORK_ACCEPT_EVENT);
-    registerInterest("mv-network-sync");
-  }
-  int eventHandler(const mv::Event* event) override {
-    const auto* step = dynamic_cast<const mv::EventStep*>(event);
-    if (step != nullptr) {
-      char byte;
-      if (step->getStepCount() < 3 && peer != -1 &&
-          recv(peer, &byte, 1, MSG_PEEK | MSG_DONTWAIT) > 0) {
-        sent_early = true;
-      }
-      mv::GameManager::getInstance().setGameOver(step->getStepCount() == 5);
-      return 1;
-    }
-    const auto* network_event = static_cast<const mv::EventNetwork*>(event);
-    if (event->getType() == mv::NETWORK_ACCEPT_EVENT) {
-      network().queueMessage("mv-network-sync", "later", network_event->getSocket(), 3);
-      network().queueMessage("mv-network-sync", "now", network_event->getSocket(), 0);
-    } else {
-      heard_at = mv::GameManager::getInstance().getStepCount();
-    }
-    return 1;
-  }
-  int peer = -1;
-  bool sent_early = false;
-  int heard_at = -1;
-};
-
 TEST(NetworkManagerInTheLoop, TheLoopAcceptsReadsAndSendsWhatIsDue) {
   mv_test::ScratchDirectory scratch;
   scratch.write("mv-config.txt", "headless:true,frame_time:0,");
@@ -322,17 +286,38 @@ TEST(NetworkManagerInTheLoop, TheLoopAcceptsReadsAndSendsWhatIsDue) {
   ASSERT_EQ(game.startUp(), 0);
   ASSERT_TRUE(network().isStarted());
   ASSERT_EQ(network().startServer(0), 0);
-  auto* sender = new Sender;
-  sender->peer = connectPeer();
-  sendRaw(sender->peer, mv::frameMessage("mv-network-sync", "hello"));
+  auto* sender = new mv_test::RecordingObject("sender");
+  for (const std::string label :
+       {mv::STEP_EVENT, mv::NETWORK_ACCEPT_EVENT, std::string("mv-network-sync")}) {
+    sender->registerInterest(label);
+  }
+  const int peer = connectPeer();
+  bool sent_early = false;
+  // Queues a message due at step 3 and one due at once behind it; leaves at step 5.
+  sender->on_event = [&](const mv::Event* event) {
+    if (const auto* step = dynamic_cast<const mv::EventStep*>(event)) {
+      char byte;
+      sent_early |= step->getStepCount() < 3 && recv(peer, &byte, 1, MSG_PEEK | MSG_DONTWAIT) > 0;
+      game.setGameOver(step->getStepCount() == 5);
+    } else if (event->getType() == mv::NETWORK_ACCEPT_EVENT) {
+      const int socket = static_cast<const mv::EventNetwork*>(event)->getSocket();
+      network().queueMessage("mv-network-sync", "later", socket, 3);
+      network().queueMessage("mv-network-sync", "now", socket, 0);
+    }
+  };
+  sendRaw(peer, mv::frameMessage("mv-network-sync", "hello"));
 
   game.run();
-  EXPECT_EQ(sender->heard_at, 0);
-  EXPECT_FALSE(sender->sent_early) << "a message due later holds back the one behind it";
+  ASSERT_GE(sender->received.size(), 4u);
+  const std::vector<std::string> first_frame(sender->received.begin(),
+                                             sender->received.begin() + 4);
+  EXPECT_EQ(first_frame, (std::vector<std::string>{"mv-step", "mv-network-accept",
+                                                   "mv-network-sync 'hello'", "mv-step"}));
+  EXPECT_FALSE(sent_early) << "a message due later holds back the one behind it";
   const std::string expected =
       mv::frameMessage("mv-network-sync", "later") + mv::frameMessage("mv-network-sync", "now");
-  EXPECT_EQ(readFromPeer(sender->peer, expected.size()), expected);
-  mv::sockets::closeSocket(sender->peer);
+  EXPECT_EQ(readFromPeer(peer, expected.size()), expected);
+  mv::sockets::closeSocket(peer);
   game.shutDown();
   EXPECT_FALSE(network().isServer());
 }
