@@ -287,8 +287,7 @@ TEST_P(DisplayWindow, SavesWhatTheNextSwapShowsAsAPng) {
   EXPECT_TRUE(
       anyPixel(saved, 32, 24, 160, 48, [](sf::Color p) { return p == sf::Color::Magenta; }));
   mv::LogManager::getInstance().shutDown();
-  EXPECT_TRUE(mv_test::hasMessage(
-      mv_test::readFile("morvane.log"),
+  EXPECT_TRUE(mv_test::logged(
       "DisplayManager::saveScreenshot(): Error! Unable to write 'no-such-folder/screen.png'."));
 }
 
@@ -319,7 +318,7 @@ TEST(DisplayWindowStartUp, TakesTheDesktopsSizeForZeroPixelsAndHoldsOddFontScale
                 "DisplayManager::startUp(): Warning! Font scale -3.00 gives characters of %.2f "
                 "pixels; drawing them at 1.",
                 -3 * cell);
-  EXPECT_TRUE(mv_test::hasMessage(mv_test::readFile("morvane.log"), expected));
+  EXPECT_TRUE(mv_test::logged(expected));
 }
 
 TEST(DisplayWindowStartUp, MissingFontStopsTheGameFromStarting) {

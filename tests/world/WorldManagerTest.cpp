@@ -72,14 +72,6 @@ TEST_F(WorldManagerTest, AMoveOntoTwoObstaclesTellsEachInGridOrderAndStops) {
       << "cell (0,0) comes before cell (1,0), and the mover hears first";
 }
 
-TEST_F(WorldManagerTest, StandingObjectsNeverCollideOnTheirOwn) {
-  auto* standing = new RecordingObject("standing", Vector(10, 10));
-  auto* neighbour = new RecordingObject("neighbour", Vector(10, 10), mv::SOFT);
-  world().update();
-  world().update();
-  EXPECT_EQ(standing->received.size() + neighbour->received.size(), 0u);
-}
-
 TEST_F(WorldManagerTest, LeavingTheWorldIsToldOnceAndOnlyOnLeaving) {
   auto* runner = new RecordingObject("runner", Vector(78, 5), mv::SPECTRAL);
   runner->setVelocity(Vector(1, 0));
