@@ -161,13 +161,12 @@ TEST_F(WorldManagerTest, GameEventsGoThroughTheWorldButEngineLabelsAreRefused) {
     EXPECT_EQ(world().registerInterest(listener, "mv-keyboard"), -1)
         << "keys belong to the input manager";
   });
-  EXPECT_EQ(mv_test::missingInOrder(
-                mv_test::logMessages(errors),
-                {"WorldManager::isValid(): Event mv-collision handled automatically.",
-                 "Manager(WorldManager)::registerInterest(): Event 'mv-collision' not valid for "
-                 "this Manager",
-                 "WorldManager::isValid(): WorldManager does not handle mv-keyboard"}),
-            "");
+  EXPECT_TRUE(mv_test::inOrder(
+      mv_test::logMessages(errors),
+      {"WorldManager::isValid(): Event mv-collision handled automatically.",
+       "Manager(WorldManager)::registerInterest(): Event 'mv-collision' not valid for "
+       "this Manager",
+       "WorldManager::isValid(): WorldManager does not handle mv-keyboard"}));
   EXPECT_EQ(listener->registerInterest("mv-keyboard"), 0);
   EXPECT_EQ(listener->getEventCount(), 2);
 }
