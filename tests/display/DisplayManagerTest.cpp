@@ -68,7 +68,7 @@ TEST(DisplayManagerHeadless, RefusesToDrawBeforeTheStartAndHeadlessDrawsNothingS
   EXPECT_FALSE(std::filesystem::exists("shot.png"));
 }
 
-TEST(DisplayManagerStartUp, RefusesAGridWithoutCellsAndASecondStart) {
+TEST(DisplayManagerStartUp, RefusesAGridWithoutCellsASecondStartAndAMissingDisplayServer) {
   mv_test::ScratchDirectory scratch;
   DisplayManager& display = DisplayManager::getInstance();
   EXPECT_EQ(mv_test::startDisplay("headless:true,window_vertical_chars:0,"), -1);
@@ -84,13 +84,19 @@ TEST(DisplayManagerStartUp, RefusesAGridWithoutCellsAndASecondStart) {
   EXPECT_EQ(display.startUp(), -1);
   EXPECT_TRUE(display.isStarted());
   display.shutDown();
+  setenv("DISPLAY", ":4711", 1);
+  mv::Config::getInstance().loadConfig("headless:false,");
+  EXPECT_EQ(display.startUp(), -1) << "no display server fails with a reason, the program lives";
+  EXPECT_FALSE(display.isStarted());
 
   EXPECT_TRUE(mv_test::inOrder(
       logAfterStop(),
       {"DisplayManager::startUp(): Error! A window of 1024 by 768 pixels and 80 by 0 "
        "characters can't be drawn: pixels 0 (the desktop's) to 32767, characters 1 to "
        "32767.",
-       "DisplayManager::startup(): Warning! DisplayManager already started."}));
+       "DisplayManager::startup(): Warning! DisplayManager already started.",
+       "DisplayManager::startUp(): Error! No display server at DISPLAY ':4711'.",
+       "DisplayManager::startUp(): Unable to allocate window!"}));
 }
 
 TEST(DisplayManagerCells, ConvertBetweenSpacesAndPixelsWithoutOffsetsAndColoursToOpaqueOnes) {
@@ -141,16 +147,6 @@ TEST(DisplayManagerRecorder, SeesEveryCellOfStringsAsJustifiedEvenHeadless) {
             ".....77777......\n"
             "?3333...........\n");
   EXPECT_EQ(screen.offScreen(), 1) << "the x left of the screen";
-}
-
-TEST(DisplayManagerStartUp, WithoutADisplayServerFailsWithAReasonInsteadOfEndingTheProgram) {
-  mv_test::ScratchDirectory scratch;
-  setenv("DISPLAY", ":4711", 1);
-  EXPECT_EQ(mv_test::startDisplay(""), -1);
-  EXPECT_FALSE(DisplayManager::getInstance().isStarted());
-  EXPECT_TRUE(mv_test::inOrder(
-      logAfterStop(), {"DisplayManager::startUp(): Error! No display server at DISPLAY ':4711'.",
-                       "DisplayManager::startUp(): Unable to allocate window!"}));
 }
 
 }  // namespace

@@ -125,7 +125,7 @@ TEST_F(InputManagerTest, ClosingTheWindowEndsTheGameAndLeavesTheRestForLater) {
   EXPECT_EQ(input.queue.size(), 1u);
 }
 
-TEST(InputManager, KeyNamesAndRefusals) {
+TEST(InputManager, KeyNamesAndRefusalsAndNoStartBeforeTheDisplayOutsideHeadless) {
   EXPECT_EQ(mv::keyToString(mv::Keyboard::NUM0), "0");
   EXPECT_EQ(mv::keyToString(mv::Keyboard::SPACE), " ");
   EXPECT_EQ(mv::keyToString(mv::Keyboard::RETURN), "");
@@ -139,14 +139,11 @@ TEST(InputManager, KeyNamesAndRefusals) {
   EXPECT_TRUE(mv_test::hasMessage(
       mv_test::stderrOf([&] { EXPECT_EQ(input.toEventKeyboard(resize).getKey(), -1); }),
       "toEventKeyboard(): Error! Called with non-keyboard event."));
-}
 
-TEST(InputManager, RefusesToStartBeforeTheDisplayOutsideHeadless) {
-  mv_test::ScratchDirectory scratch;
   mv::Config::getInstance().loadConfig("headless:false,");
-  EXPECT_TRUE(mv_test::hasMessage(
-      mv_test::stderrOf([] { EXPECT_EQ(InputManager::getInstance().startUp(), -1); }),
-      "InputManager::startUp(): Error! DisplayManager must be started first."));
+  EXPECT_TRUE(
+      mv_test::hasMessage(mv_test::stderrOf([&] { EXPECT_EQ(input.startUp(), -1); }),
+                          "InputManager::startUp(): Error! DisplayManager must be started first."));
 }
 
 }  // namespace

@@ -66,25 +66,7 @@ TEST_F(ViewObjectTest, LocationsPlaceTheObjectAndTheBorderMovesIt) {
   EXPECT_EQ(hud->getPosition(), Vector(3, 3)) << "a placed object stays put";
 }
 
-TEST_F(ViewObjectTest, ViewEventsSetOrAddToTheValueOfTheirLabelOnly) {
-  auto* points = new ViewObject;
-  points->setViewString("Points");
-  auto* health = new ViewObject;
-  health->setViewString("Health");
-  health->setValue(5);
-
-  const mv::EventView add("Points", 10, true);
-  mv::WorldManager::getInstance().onEvent(&add);
-  mv::WorldManager::getInstance().onEvent(&add);
-  EXPECT_EQ(points->getValue(), 20);
-  const mv::EventView set("Points", 3, false);
-  EXPECT_EQ(health->eventHandler(&set), 0);
-  mv::WorldManager::getInstance().onEvent(&set);
-  EXPECT_EQ(points->getValue(), 3);
-  EXPECT_EQ(health->getValue(), 5);
-}
-
-TEST_F(ViewObjectTest, DrawsItsTextInABorderAtTheSamePlaceOnScreenWhereverTheViewIs) {
+TEST_F(ViewObjectTest, DrawsInABorderAtItsPlaceOnScreenWhereverTheViewIsAndFollowsItsLabel) {
   auto* label = new ViewObject;
   label->setViewString("a");
   label->setDrawValue(false);
@@ -103,6 +85,17 @@ TEST_F(ViewObjectTest, DrawsItsTextInABorderAtTheSamePlaceOnScreenWhereverTheVie
             "  | a |             \n"
             "   ---              \n"
             "                    \n");
+
+  // View events set or add to the value of their label only.
+  const mv::EventView add("Score", 10, true);
+  mv::WorldManager::getInstance().onEvent(&add);
+  mv::WorldManager::getInstance().onEvent(&add);
+  EXPECT_EQ(score->getValue(), 27);
+  const mv::EventView set("Score", 3, false);
+  EXPECT_EQ(label->eventHandler(&set), 0);
+  mv::WorldManager::getInstance().onEvent(&set);
+  EXPECT_EQ(score->getValue(), 3);
+  EXPECT_EQ(label->getValue(), 0);
 }
 
 // Counts its clicks.

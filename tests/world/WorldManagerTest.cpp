@@ -180,14 +180,12 @@ TEST_F(WorldManagerTest, TheViewFollowsItsObjectOutOfTheSlackZoneEachWay) {
   const struct {
     const char* what;
     Vector velocity;
-    std::vector<Vector> corners;
+    Vector third_corner;  // the first two moves stay inside the zone
   } cases[] = {
-      {"right: 120 is the zone's edge, 130 pushes it by 10",
-       {10, 0},
-       {{60, 38}, {60, 38}, {70, 38}}},
-      {"left", {-10, 0}, {{60, 38}, {60, 38}, {50, 38}}},
-      {"up", {0, -3}, {{60, 38}, {60, 38}, {60, 35}}},
-      {"down", {0, 3}, {{60, 38}, {60, 38}, {60, 41}}},
+      {"right: 120 is the zone's edge, 130 pushes it by 10", {10, 0}, {70, 38}},
+      {"left", {-10, 0}, {50, 38}},
+      {"up", {0, -3}, {60, 35}},
+      {"down", {0, 3}, {60, 41}},
   };
   for (const auto& c : cases) {
     SCOPED_TRACE(c.what);
@@ -195,7 +193,7 @@ TEST_F(WorldManagerTest, TheViewFollowsItsObjectOutOfTheSlackZoneEachWay) {
     ASSERT_EQ(world().setViewFollowing(hero), 0);
     EXPECT_EQ(world().getView().getCorner(), Vector(60, 38)) << "following starts centred";
     hero->setVelocity(c.velocity);
-    for (const Vector& corner : c.corners) {
+    for (const Vector& corner : {Vector(60, 38), Vector(60, 38), c.third_corner}) {
       world().update();
       EXPECT_EQ(world().getView().getCorner(), corner) << hero->getPosition().toString();
     }
