@@ -29,7 +29,7 @@ TEST(ConfigMatch, ParsesEntriesTheWayTheFileFormatDescribes) {
   EXPECT_EQ(match("a:1", ""), "");
 }
 
-TEST(ConfigFile, TheEnvironmentNamesTheFileAndAMissingOneMeansDefaults) {
+TEST(ConfigFile, NamedByTheEnvironmentMissingMeansDefaultsAndLinesJoinWithoutComments) {
   mv_test::ScratchDirectory scratch;
   scratch.write("other.txt", "frame_time:20,");
   Config& config = Config::getInstance();
@@ -44,15 +44,12 @@ TEST(ConfigFile, TheEnvironmentNamesTheFileAndAMissingOneMeansDefaults) {
   setenv("MORVANE_CONFIG", "absent.txt", 1);
   EXPECT_EQ(config.readConfig(), "")
       << "a missing named file counts as no file, though mv-config.txt exists";
-}
 
-TEST(ConfigFile, JoinsLinesWithoutCommentsBlanksOrCarriageReturns) {
-  mv_test::ScratchDirectory scratch;
+  unsetenv("MORVANE_CONFIG");
   scratch.write("mv-config.txt",
                 "# a comment, frame_time:1,\r\n\r\nwindow_title:Two Words,\r\n"
                 "  # not a comment in the first column: an entry of its own,\r\n"
                 "frame_time:33\nheadless:true,\nrandom_seed:42");
-  Config& config = Config::getInstance();
   config.loadConfig();
   EXPECT_EQ(config.getWindowTitle(), "TwoWords");
   EXPECT_EQ(config.getFrameTime(), 33) << "a missing comma merges 33 with the next entry";

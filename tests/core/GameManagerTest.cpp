@@ -8,7 +8,7 @@
 
 #include "EventStep.h"
 #include "LogManager.h"
-#include "Object.h"
+#include "RecordingObject.h"
 #include "ScratchDirectory.h"
 #include "WorldManager.h"
 #include "logLines.h"
@@ -53,49 +53,41 @@ TEST(GameManagerStartUp, WritesTheBannerAndStopLinesAndNothingSilenced) {
   EXPECT_FALSE(GameManager::getInstance().isValid("mv-step ")) << "labels are compared whole";
 }
 
-TEST(GameManagerStartUp, WithEveryLevelShownTellsEachStepInOrder) {
+TEST(GameManagerStartUp, WithEveryLevelShownTellsEachStepInOrderAndSeedsAsConfigured) {
   mv_test::ScratchDirectory scratch;
   LogManager::getInstance().setLogLevel(10);
   const std::string directory = std::filesystem::current_path().string();
-  const std::vector<std::string> messages =
-      startAndStop(scratch, "frame_time:25,random_seed:1234,");
-  EXPECT_EQ(
-      mv_test::missingInOrder(messages, {"LogManager::startUp(): successfully started.",
-                                         "** Game engine started **",
-                                         "Morvane configuration:",
-                                         "  Frame time: 25",
-                                         "  Scene graph: grid",
-                                         "Working directory:",
-                                         "  " + directory,
-                                         "Log Manager started.",
-                                         "GameManager::startUp(): frame time is 25 milliseconds",
-                                         "Display manager started.",
-                                         "Input manager started.",
-                                         "Network manager started.",
-                                         "Resource manager started.",
-                                         "World manager started.",
-                                         "GameManager()::startUp(): srand() seed with 1234",
-                                         "GameManager successfully started.",
-                                         "World manager stopped",
-                                         "Resource manager stopped",
-                                         "Network manager stopped",
-                                         "Input manager stopped",
-                                         "Display manager stopped",
-                                         "** Game engine stopped **",
-                                         "LogManager::shutDown(): successfully stopped."}),
-      "");
-  EXPECT_EQ(GameManager::getInstance().getFrameTime(), 25);
-}
-
-TEST(GameManagerStartUp, SeedsFromTheConfigurationOrTheTimeOrNotAtAll) {
-  mv_test::ScratchDirectory scratch;
   std::srand(1234);
   const int expected_first = std::rand();
   std::srand(1);
-  startAndStop(scratch, "random_seed:1234,");
+  const std::vector<std::string> messages =
+      startAndStop(scratch, "frame_time:25,random_seed:1234,");
   EXPECT_EQ(std::rand(), expected_first);
+  EXPECT_TRUE(mv_test::inOrder(messages, {"LogManager::startUp(): successfully started.",
+                                          "** Game engine started **",
+                                          "Morvane configuration:",
+                                          "  Frame time: 25",
+                                          "  Scene graph: grid",
+                                          "Working directory:",
+                                          "  " + directory,
+                                          "Log Manager started.",
+                                          "GameManager::startUp(): frame time is 25 milliseconds",
+                                          "Display manager started.",
+                                          "Input manager started.",
+                                          "Network manager started.",
+                                          "Resource manager started.",
+                                          "World manager started.",
+                                          "GameManager()::startUp(): srand() seed with 1234",
+                                          "GameManager successfully started.",
+                                          "World manager stopped",
+                                          "Resource manager stopped",
+                                          "Network manager stopped",
+                                          "Input manager stopped",
+                                          "Display manager stopped",
+                                          "** Game engine stopped **",
+                                          "LogManager::shutDown(): successfully stopped."}));
+  EXPECT_EQ(GameManager::getInstance().getFrameTime(), 25);
 
-  LogManager::getInstance().setLogLevel(10);
   const auto seeded = [](const std::vector<std::string>& messages) {
     return std::any_of(messages.begin(), messages.end(),
                        [](const std::string& m) { return m.find("srand() seed with") != m.npos; });
@@ -123,49 +115,36 @@ TEST(GameManagerStartUp, FailingLogStopsTheStartAndShutDownStillEndsCleanly) {
   EXPECT_TRUE(game.getGameOver());
 }
 
-int counters_deleted = 0;
-
-// Counts its steps, moves one cell a frame and ends the run at a given step.
-class StepCounter : public mv::Object {
- public:
-  explicit StepCounter(int last_step) : last_step(last_step) {
-    setSolidness(mv::SPECTRAL);
-    setVelocity(mv::Vector(1, 0));
-    registerInterest("mv-step");
-  }
-  ~StepCounter() override { counters_deleted++; }
-  int eventHandler(const mv::Event* event) override {
-    const auto* step = dynamic_cast<const mv::EventStep*>(event);
-    if (step == nullptr) {
-      return 0;
-    }
-    steps.push_back(step->getStepCount());
-    if (step->getStepCount() == last_step) {
-      GameManager::getInstance().setGameOver();
-    }
-    return 1;
-  }
-  int last_step;
-  std::vector<int> steps;
-};
-
 TEST(GameManagerRun, AFrameThatSetsGameOverRunsToItsEndEachRunCountsFromZeroAndStopDeletesAll) {
   mv_test::ScratchDirectory scratch;
   scratch.write("mv-config.txt", HEADLESS + "frame_time:0,");
   GameManager& game = GameManager::getInstance();
   ASSERT_EQ(game.startUp(), 0);
-  auto* counter = new StepCounter(3);
+  // Counts its steps, moves one cell a frame and ends the run at `last_step`.
+  auto* counter = new mv_test::RecordingObject("counter", mv::Vector(1, 1), mv::SPECTRAL);
+  counter->setVelocity(mv::Vector(1, 0));
+  counter->registerInterest("mv-step");
+  std::vector<int> steps;
+  int last_step = 3;
+  bool deleted = false;
+  counter->on_event = [&](const mv::Event* event) {
+    steps.push_back(static_cast<const mv::EventStep*>(event)->getStepCount());
+    if (steps.back() == last_step) {
+      game.setGameOver();
+    }
+  };
+  counter->on_destroy = [&] { deleted = true; };
 
   game.run();
-  EXPECT_EQ(counter->steps, (std::vector<int>{0, 1, 2, 3}));
+  EXPECT_EQ(steps, (std::vector<int>{0, 1, 2, 3}));
   EXPECT_EQ(game.getStepCount(), 4) << "the last frame still counts";
   EXPECT_EQ(counter->getPosition(), mv::Vector(5, 1)) << "and its objects still moved";
 
-  counter->last_step = 1;
+  last_step = 1;
   game.run();
-  EXPECT_EQ(counter->steps, (std::vector<int>{0, 1, 2, 3, 0, 1}));
+  EXPECT_EQ(steps, (std::vector<int>{0, 1, 2, 3, 0, 1}));
   game.shutDown();
-  EXPECT_EQ(counters_deleted, 1) << "shutting down deletes what is left in the world";
+  EXPECT_TRUE(deleted) << "shutting down deletes what is left in the world";
   EXPECT_FALSE(mv::WorldManager::getInstance().isStarted());
 
   EXPECT_EQ(mv_test::readFile("morvane.log").find("Can't keep up"), std::string::npos)

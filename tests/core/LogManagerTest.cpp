@@ -13,7 +13,7 @@ namespace {
 
 using mv::LogManager;
 
-TEST(LogManager, LinesCarryTimeAndStepAndLevelsAboveTheLogLevelAreDropped) {
+TEST(LogManager, WritesTimeAndStepDropsHighLevelsAndReplacesTheFileTheConfigOrEnvironmentNames) {
   LogManager& log = LogManager::getInstance();
   const std::string written = mv_test::stderrOf([&] {
     EXPECT_EQ(log.writeLog(0, "level %d", 0), 7);
@@ -25,15 +25,11 @@ TEST(LogManager, LinesCarryTimeAndStepAndLevelsAboveTheLogLevelAreDropped) {
                                                    R"(\d\d:\d\d:\d\d    0 always\n)")))
       << "before start-up lines go to standard error with the same prefix; got:\n"
       << written;
-}
 
-TEST(LogManager, StartUpReplacesTheConfiguredFileUnlessTheEnvironmentNamesAnother) {
   mv_test::ScratchDirectory scratch;
   scratch.write("mv-config.txt", "logfile:game.log,");
   scratch.write("game.log", "the previous run\n");
   mv::Config::getInstance().loadConfig();
-
-  LogManager& log = LogManager::getInstance();
   ASSERT_EQ(log.startUp(), 0);
   log.writeLog("into the file");
   log.shutDown();

@@ -15,22 +15,16 @@ std::vector<int> rgbOf(mv::Color color) {
   return {r, g, b};
 }
 
-TEST(Utility, ColoursConvertByTheTableAndLeaveOthersAlone) {
+TEST(Utility, ColoursConvertByTheTableUnknownValuesSaySoAndNumbersFormatAsAStreamWrites) {
   EXPECT_EQ(rgbOf(mv::YELLOW), (std::vector<int>{255, 255, 0}));
   EXPECT_EQ(rgbOf(mv::CUSTOM), (std::vector<int>{9, 8, 7}));
   EXPECT_EQ(rgbOf(static_cast<mv::Color>(42)), (std::vector<int>{9, 8, 7}));
 
   EXPECT_EQ(mv::colorToString(mv::CUSTOM), "Unknown color");
   EXPECT_EQ(mv::colorToString(static_cast<mv::Color>(-1)), "Unknown color");
-}
-
-TEST(Utility, EnumerationsHaveNamesAndUnknownValuesSaySo) {
   EXPECT_EQ(mv::solidnessToString(static_cast<mv::Solidness>(3)), "undefined");
   EXPECT_EQ(mv::locationToString(mv::BOTTOM_CENTER), "bot-center");
   EXPECT_EQ(mv::locationToString(static_cast<mv::ViewObjectLocation>(9)), "unknown");
-}
-
-TEST(Utility, NumbersFormatAsAStreamWritesThem) {
   EXPECT_EQ(mv::toString(-42), "-42");
   EXPECT_EQ(mv::toString(1.0f), "1");
   EXPECT_EQ(mv::toString(0.1f), "0.1");

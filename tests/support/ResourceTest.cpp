@@ -33,12 +33,4 @@ std::vector<std::string> ResourceTest::newMessages() {
   return fresh;
 }
 
-std::string fileText(const std::vector<std::string>& lines, const std::string& ending) {
-  std::string text;
-  for (const std::string& line : lines) {
-    text += line + ending;
-  }
-  return text;
-}
-
 }  // namespace mv_test

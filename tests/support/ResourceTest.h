@@ -31,7 +31,4 @@ class ResourceTest : public ::testing::Test {
   std::size_t messages_seen = 0;
 };
 
-// The lines joined, each followed by `ending`.
-std::string fileText(const std::vector<std::string>& lines, const std::string& ending = "\n");
-
 }  // namespace mv_test

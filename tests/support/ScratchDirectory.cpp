@@ -41,4 +41,12 @@ std::string readFile(const std::string& path) {
   return contents.str();
 }
 
+std::string fileText(const std::vector<std::string>& lines) {
+  std::string text;
+  for (const std::string& line : lines) {
+    text += line + "\n";
+  }
+  return text;
+}
+
 }  // namespace mv_test

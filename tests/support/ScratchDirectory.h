@@ -4,6 +4,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 namespace mv_test {
 
@@ -28,5 +29,8 @@ class ScratchDirectory {
 };
 
 std::string readFile(const std::string& path);
+
+// The lines joined, each followed by a newline: the text of a file, or of a screen.
+std::string fileText(const std::vector<std::string>& lines);
 
 }  // namespace mv_test

@@ -2,6 +2,7 @@
 
 #include <cmath>
 
+#include "ScratchDirectory.h"
 #include "utility.h"
 
 namespace mv_test {
@@ -19,28 +20,17 @@ char colorDigit(unsigned char r, unsigned char g, unsigned char b) {
   return '?';
 }
 
-std::string joinLines(const std::vector<std::string>& rows) {
-  std::string joined;
-  for (const std::string& row : rows) {
-    joined += row + "\n";
-  }
-  return joined;
-}
-
 }  // namespace
 
 TextScreen::TextScreen(int width, int height)
-    : width(width),
-      height(height),
-      characters(height, std::string(width, ' ')),
-      color_digits(height, std::string(width, '.')),
-      off_screen(0) {}
+    : characters(height, std::string(width, ' ')), color_digits(height, std::string(width, '.')) {}
 
 void TextScreen::recordCell(mv::Vector position, char character, unsigned char r, unsigned char g,
                             unsigned char b) {
   const float x = std::floor(position.getX());
   const float y = std::floor(position.getY());
-  if (!(x >= 0 && x < width && y >= 0 && y < height)) {
+  const auto rows = static_cast<float>(characters.size());
+  if (!(y >= 0 && y < rows && x >= 0 && x < static_cast<float>(characters[0].size()))) {
     off_screen++;
     return;
   }
@@ -48,9 +38,9 @@ void TextScreen::recordCell(mv::Vector position, char character, unsigned char r
   color_digits[static_cast<int>(y)][static_cast<int>(x)] = colorDigit(r, g, b);
 }
 
-std::string TextScreen::text() const { return joinLines(characters); }
+std::string TextScreen::text() const { return fileText(characters); }
 
-std::string TextScreen::colors() const { return joinLines(color_digits); }
+std::string TextScreen::colors() const { return fileText(color_digits); }
 
 int TextScreen::offScreen() const { return off_screen; }
 

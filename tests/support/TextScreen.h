@@ -31,11 +31,9 @@ class TextScreen : public mv::CellRecorder {
   int offScreen() const;
 
  private:
-  int width;
-  int height;
   std::vector<std::string> characters;
   std::vector<std::string> color_digits;
-  int off_screen;
+  int off_screen = 0;
 };
 
 }  // namespace mv_test

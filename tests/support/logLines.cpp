@@ -1,7 +1,5 @@
 #include "logLines.h"
 
-#include <gtest/gtest.h>
-
 #include <algorithm>
 #include <regex>
 #include <sstream>
@@ -43,16 +41,17 @@ std::string stderrOf(const std::function<void()>& action) {
   return testing::internal::GetCapturedStderr();
 }
 
-std::string missingInOrder(const std::vector<std::string>& messages,
-                           const std::vector<std::string>& lines) {
+testing::AssertionResult inOrder(const std::vector<std::string>& messages,
+                                 const std::vector<std::string>& lines) {
   auto position = messages.begin();
   for (const std::string& line : lines) {
     position = std::find(position, messages.end(), line);
     if (position == messages.end()) {
-      return line;
+      return testing::AssertionFailure()
+             << "missing or out of order: '" << line << "' in " << testing::PrintToString(messages);
     }
   }
-  return "";
+  return testing::AssertionSuccess();
 }
 
 }  // namespace mv_test

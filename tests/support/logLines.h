@@ -1,6 +1,8 @@
 // Reading the engine's log back in tests.
 #pragma once
 
+#include <gtest/gtest.h>
+
 #include <functional>
 #include <string>
 #include <vector>
@@ -23,9 +25,9 @@ bool logged(const std::string& message);
 // What `action` writes to standard error, where the log goes while no file is open.
 std::string stderrOf(const std::function<void()>& action);
 
-// The first of `lines` missing from `messages`, each looked for after the one
-// before it; empty when all stand there in this order.
-std::string missingInOrder(const std::vector<std::string>& messages,
-                           const std::vector<std::string>& lines);
+// Success when all of `lines` stand in `messages` in this order, each looked
+// for after the one before it; otherwise names the first missing line.
+testing::AssertionResult inOrder(const std::vector<std::string>& messages,
+                                 const std::vector<std::string>& lines);
 
 }  // namespace mv_test

@@ -30,10 +30,6 @@ class ViewObjectTest : public mv_test::WorldTest {
     mv::DisplayManager::getInstance().setCellRecorder(&screen);
     mv::LogManager::getInstance().setFlush(true);
   }
-  void TearDown() override {
-    mv::DisplayManager::getInstance().setCellRecorder(nullptr);
-    WorldTest::TearDown();
-  }
   mv_test::TextScreen screen{20, 5};
 };
 
@@ -60,9 +56,8 @@ TEST_F(ViewObjectTest, LocationsPlaceTheObjectAndTheBorderMovesIt) {
 
   hud->setLocation(static_cast<mv::ViewObjectLocation>(9));
   hud->setLocation(static_cast<mv::ViewObjectLocation>(-1));
-  EXPECT_TRUE(mv_test::hasMessage(
-      mv_test::readFile("morvane.log"),
-      "ViewObject::setLocation(): Warning! Location out of range (9). Ignored."));
+  EXPECT_TRUE(
+      mv_test::logged("ViewObject::setLocation(): Warning! Location out of range (9). Ignored."));
   EXPECT_EQ(hud->getPosition(), places[2].plain);
 
   hud->setPosition(Vector(3, 3));
@@ -71,25 +66,7 @@ TEST_F(ViewObjectTest, LocationsPlaceTheObjectAndTheBorderMovesIt) {
   EXPECT_EQ(hud->getPosition(), Vector(3, 3)) << "a placed object stays put";
 }
 
-TEST_F(ViewObjectTest, ViewEventsSetOrAddToTheValueOfTheirLabelOnly) {
-  auto* points = new ViewObject;
-  points->setViewString("Points");
-  auto* health = new ViewObject;
-  health->setViewString("Health");
-  health->setValue(5);
-
-  const mv::EventView add("Points", 10, true);
-  mv::WorldManager::getInstance().onEvent(&add);
-  mv::WorldManager::getInstance().onEvent(&add);
-  EXPECT_EQ(points->getValue(), 20);
-  const mv::EventView set("Points", 3, false);
-  EXPECT_EQ(health->eventHandler(&set), 0);
-  mv::WorldManager::getInstance().onEvent(&set);
-  EXPECT_EQ(points->getValue(), 3);
-  EXPECT_EQ(health->getValue(), 5);
-}
-
-TEST_F(ViewObjectTest, DrawsItsTextInABorderAtTheSamePlaceOnScreenWhereverTheViewIs) {
+TEST_F(ViewObjectTest, DrawsInABorderAtItsPlaceOnScreenWhereverTheViewIsAndFollowsItsLabel) {
   auto* label = new ViewObject;
   label->setViewString("a");
   label->setDrawValue(false);
@@ -108,6 +85,17 @@ TEST_F(ViewObjectTest, DrawsItsTextInABorderAtTheSamePlaceOnScreenWhereverTheVie
             "  | a |             \n"
             "   ---              \n"
             "                    \n");
+
+  // View events set or add to the value of their label only.
+  const mv::EventView add("Score", 10, true);
+  mv::WorldManager::getInstance().onEvent(&add);
+  mv::WorldManager::getInstance().onEvent(&add);
+  EXPECT_EQ(score->getValue(), 27);
+  const mv::EventView set("Score", 3, false);
+  EXPECT_EQ(label->eventHandler(&set), 0);
+  mv::WorldManager::getInstance().onEvent(&set);
+  EXPECT_EQ(score->getValue(), 3);
+  EXPECT_EQ(label->getValue(), 0);
 }
 
 // Counts its clicks.
@@ -129,12 +117,13 @@ TEST_F(ViewObjectTest, ButtonsLightUpUnderTheMouseAndActOnClicksAlone) {
   mv::WorldManager::getInstance().setView(mv::Box(Vector(0, 0), 80, 24));
   auto* button = new CountingButton;
 
-  const mv::EventMouse inside_corner = mouseAt(Vector(45, 13.5f), mv::MOVED);
-  EXPECT_TRUE(button->mouseInside(&inside_corner)) << "the box runs from (35,10.5) to (45,13.5)";
-  const mv::EventMouse just_outside = mouseAt(Vector(45.1f, 13.5f), mv::MOVED);
-  EXPECT_FALSE(button->mouseInside(&just_outside));
-  const mv::EventMouse far_corner = mouseAt(Vector(35, 10.5f), mv::MOVED);
-  EXPECT_TRUE(button->mouseInside(&far_corner));
+  // The box runs from (35,10.5) to (45,13.5), edges included.
+  const std::pair<Vector, bool> points[] = {
+      {{45, 13.5f}, true}, {{45.1f, 13.5f}, false}, {{35, 10.5f}, true}, {{35, 10.4f}, false}};
+  for (const auto& [where, inside] : points) {
+    const mv::EventMouse mouse = mouseAt(where, mv::MOVED);
+    EXPECT_EQ(button->mouseInside(&mouse), inside) << where.toString();
+  }
 
   const mv::EventMouse held_over = mouseAt(Vector(40, 12), mv::PRESSED);
   EXPECT_EQ(button->eventHandler(&held_over), 1);
