@@ -1,9 +1,15 @@
 #include "messages.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <iterator>
+#include <sstream>
+
+#include "ByteWriter.h"
 
 namespace mv {
+
+static_assert(MESSAGE_HEADER_BYTES == 4, "a message's body length goes as four bytes");
 
 int messageLabelCode(const std::string& label) {
   const auto found = std::find(std::begin(MESSAGE_LABELS), std::end(MESSAGE_LABELS), label);
@@ -18,14 +24,12 @@ std::string frameMessage(const std::string& label, const std::string& payload) {
   if (code == -1 || body > MAX_MESSAGE_BODY) {
     return "";
   }
-  std::string frame;
-  frame.reserve(MESSAGE_HEADER_BYTES + body);
-  for (std::size_t i = 0; i < MESSAGE_HEADER_BYTES; i++) {
-    frame.push_back(static_cast<char>((body >> (8 * i)) & 0xff));
-  }
-  frame.push_back(static_cast<char>(code));
-  frame += payload;
-  return frame;
+  std::ostringstream frame;
+  ByteWriter out(frame);
+  out.writeUnsigned(static_cast<std::uint32_t>(body));
+  out.writeByte(static_cast<unsigned char>(code));
+  frame << payload;
+  return frame.str();
 }
 
 }  // namespace mv
