@@ -38,12 +38,10 @@ TEST_F(GameStartTest, PStartsAGameInAWalledRoomUnderItsThreeDisplays) {
 
   const std::string screen = screenText();
   const auto cell = [&](int column, int row) { return screen[row * 158 + column]; };
+  // Rows 7 and 40 across, and, as 0 to 156 runs through every row between, columns 0 and 156.
   std::string walls;
-  for (int column = 0; column <= 156; column++) {
-    walls += {cell(column, 7), cell(column, 40)};
-  }
-  for (int row = 7; row <= 40; row++) {
-    walls += {cell(0, row), cell(156, row)};
+  for (int i = 0; i <= 156; i++) {
+    walls += {cell(i, 7), cell(i, 40), cell(0, 7 + i % 34), cell(156, 7 + i % 34)};
   }
   EXPECT_EQ(walls.find(' '), std::string::npos) << "a gap in the walls: " << screen;
   for (const char* display : {"Health 5", "Room: 1", "Points 0"}) {

@@ -76,17 +76,6 @@ TEST_F(PathFindTest, WaysAroundWallsAndCornersEndWhereTheyShould) {
   }
 }
 
-TEST_F(PathFindTest, AWalledInSearchFailsAndLeavesTheWalkerAsItWas) {
-  walls({{4, 4}, {5, 4}, {6, 4}, {4, 5}, {6, 5}, {4, 6}, {5, 6}, {6, 6}});
-  RecordingObject* o = walker({5, 5});
-  o->setVelocity(Vector(0.5f, 0));
-  ASSERT_EQ(o->findPath(Vector(15, 5)), 0);
-  searchToTheEnd();
-  EXPECT_EQ(o->received, std::vector<std::string>{"mv-path"});
-  EXPECT_TRUE(nodes(o).empty());
-  EXPECT_EQ(o->getVelocity(), Vector(0.5f, 0));
-}
-
 TEST_F(PathFindTest, ASearchForAnObjectEndsWhereTheyFirstTouch) {
   auto* target = new RecordingObject("target", {10, 5}, mv::HARD);
   target->setBox(mv::Box(Vector(-1.5f, -0.5f), 3, 1));
@@ -140,15 +129,25 @@ TEST_F(PathFindTest, SearchesEndSafelyWhateverTheirObjectsDo) {
   EXPECT_EQ(mv::PathManager::getInstance().removePathFind(nullptr), -1);
 }
 
-TEST_F(PathFindTest, EndsOutsideTheWorldAreRefusedAndAShrunkWorldEndsTheSearch) {
-  RecordingObject* o = walker({5, 5});
-  EXPECT_EQ(o->findPath(Vector(80, 5)), -1);
-  EXPECT_EQ(o->findPath(Vector(-0.6f, 5)), -1);
+// A walled-in walker's search fails, an end outside the world is refused, and a
+// world shrunk under a search ends it: each leaves its walker as it was.
+TEST_F(PathFindTest, ASearchThatCannotEndWellLeavesTheWalkerAsItWas) {
+  walls({{4, 4}, {5, 4}, {6, 4}, {4, 5}, {6, 5}, {4, 6}, {5, 6}, {6, 6}});
+  RecordingObject* boxed = walker({5, 5});
+  boxed->setVelocity(Vector(0.5f, 0));
+  EXPECT_EQ(boxed->findPath(Vector(80, 5)), -1);
+  EXPECT_EQ(boxed->findPath(Vector(-0.6f, 5)), -1);
+  ASSERT_EQ(boxed->findPath(Vector(15, 5)), 0);
+  searchToTheEnd();
+  EXPECT_EQ(boxed->getVelocity(), Vector(0.5f, 0));
+  RecordingObject* o = walker({8, 8});
   EXPECT_EQ(o->findPath(Vector(79.4f, 23.4f)), 0) << "rounds to the last cell";
   setWorldSize(10, 10);
   searchToTheEnd();
-  EXPECT_EQ(o->received, std::vector<std::string>{"mv-path"});
-  EXPECT_TRUE(nodes(o).empty());
+  for (const RecordingObject* searcher : {boxed, o}) {
+    EXPECT_EQ(searcher->received, std::vector<std::string>{"mv-path"});
+    EXPECT_TRUE(nodes(searcher).empty());
+  }
 }
 
 }  // namespace
