@@ -128,13 +128,6 @@ void GameTest::emptyTheWorld() {
   step_count = 0;
 }
 
-Hero* GameTest::offered() {
-  emptyTheWorld();
-  Hero* hero = new Hero;
-  frame();
-  return hero;
-}
-
 void GameTest::markAll(const std::string& type) {
   for (mv::Object* o : all(type)) {
     world().markForDelete(o);

@@ -72,7 +72,6 @@ TEST_F(HeroTest, AVolleyGoesAtTheMouseEveryThirtyStepsWithItsOtherBulletsStrayin
     angles.insert(std::round(degrees));
   }
   EXPECT_GT(angles.size(), 3u) << "the others are drawn one by one";
-  EXPECT_EQ(hero->getStats().bullet_size, 3);
 }
 
 TEST_F(HeroTest, AHitCostsOneHealthAndNinetyStepsOfBlinkingAndTheLastOneEndsTheGame) {

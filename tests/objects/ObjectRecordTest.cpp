@@ -113,7 +113,6 @@ TEST_F(ObjectRecordTest, RecordsHoldTheirAttributesInOrderAsLittleEndianBytes) {
   mv::Object* o = new mv::Object;
   EXPECT_EQ(recordOf(o, 0).size(), 125u)
       << "all 18 attributes of a new object, type \"(Undefined)\"";
-  EXPECT_EQ(o->getModified(), 0u);
   EXPECT_EQ(recordOf(o, 0), std::string(4, '\0')) << "nothing changed since";
   EXPECT_EQ(recordOf(o, mv::POSITION), std::string("\x20\0\0\0\0\0\x80\x3f\0\0\x80\x3f", 12))
       << "the mask, then (1,1) as two floats";
