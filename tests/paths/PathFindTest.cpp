@@ -49,19 +49,11 @@ TEST_F(PathFindTest, WaysAroundWallsAndCornersEndWhereTheyShould) {
     std::vector<Vector> path;
   } cases[] = {
       {"start is the end", {}, {5, 5}, {5, 5}, {{5, 5}}},
-      {"positions round to the nearest cell",
-       {},
-       {5.4f, 5.6f},
-       {6.5f, 5.2f},
-       {{5, 6}, {6, 6}, {7, 5}}},
+      {"ends round to cells", {}, {5.4f, 5.6f}, {6.5f, 5.2f}, {{5, 6}, {6, 6}, {7, 5}}},
       {"past one blocked corner", {{6, 5}}, {5, 5}, {6, 6}, {{5, 5}, {6, 6}}},
       {"never between two", {{6, 5}, {5, 6}}, {5, 5}, {6, 6}, {{5, 5}, {6, 4}, {7, 5}, {6, 6}}},
       // Two ways of equal cost reach (5,7); the later one, by (4,6), replaces the first.
-      {"equal cost takes the new parent",
-       {{5, 6}},
-       {5, 5},
-       {5, 8},
-       {{5, 5}, {4, 6}, {5, 7}, {5, 8}}},
+      {"equal cost", {{5, 6}}, {5, 5}, {5, 8}, {{5, 5}, {4, 6}, {5, 7}, {5, 8}}},
   };
   for (const auto& c : cases) {
     SCOPED_TRACE(c.what);
