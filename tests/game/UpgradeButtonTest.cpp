@@ -18,7 +18,6 @@ TEST_F(UpgradeButtonTest, AStatAtItsLimitIsNeverOffered) {
     std::set<std::string> left_out;
   } cases[] = {
       {2, 0, {"bullet size"}},
-      {0, 6, {"fire rate"}},
       {2, 6, {"bullet size", "fire rate"}},
   };
   for (const auto& c : cases) {
