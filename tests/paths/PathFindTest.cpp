@@ -4,7 +4,6 @@
 
 #include <vector>
 
-#include "EventPath.h"
 #include "PathManager.h"
 #include "RecordingObject.h"
 #include "WorldManager.h"
