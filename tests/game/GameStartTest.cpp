@@ -19,15 +19,6 @@ class GameStartTest : public GameTest {
 
 using Key = sf::Keyboard;
 
-// What the world shows on a 157 by 48 screen, row after row, each ending in a line feed.
-std::string screenText() {
-  mv_test::TextScreen screen(157, 48);
-  mv::DisplayManager::getInstance().setCellRecorder(&screen);
-  mv::WorldManager::getInstance().draw();
-  mv::DisplayManager::getInstance().setCellRecorder(nullptr);
-  return screen.text();
-}
-
 TEST_F(GameStartTest, PStartsAGameInAWalledRoomUnderItsThreeDisplays) {
   input.queueKey(sf::Event::KeyPressed, Key::P);
   startGame();
@@ -36,14 +27,17 @@ TEST_F(GameStartTest, PStartsAGameInAWalledRoomUnderItsThreeDisplays) {
   EXPECT_EQ(static_cast<Hero*>(all("Hero")[0])->getStats().bullet_bounces, 0)
       << "the press of P came before the hero, and upgrades nothing";
 
-  const std::string screen = screenText();
+  // What the world shows on a 157 by 48 screen, row after row, each ending in a line feed.
+  mv_test::TextScreen text_screen(157, 48);
+  mv::DisplayManager::getInstance().setCellRecorder(&text_screen);
+  mv::WorldManager::getInstance().draw();
+  const std::string screen = text_screen.text();
+  mv::DisplayManager::getInstance().setCellRecorder(nullptr);
   const auto cell = [&](int column, int row) { return screen[row * 158 + column]; };
+  // Rows 7 and 40 across, and, as 0 to 156 runs through every row between, columns 0 and 156.
   std::string walls;
-  for (int column = 0; column <= 156; column++) {
-    walls += {cell(column, 7), cell(column, 40)};
-  }
-  for (int row = 7; row <= 40; row++) {
-    walls += {cell(0, row), cell(156, row)};
+  for (int i = 0; i <= 156; i++) {
+    walls += {cell(i, 7), cell(i, 40), cell(0, 7 + i % 34), cell(156, 7 + i % 34)};
   }
   EXPECT_EQ(walls.find(' '), std::string::npos) << "a gap in the walls: " << screen;
   for (const char* display : {"Health 5", "Room: 1", "Points 0"}) {

@@ -55,9 +55,6 @@ constexpr UpgradeEffect UPGRADE_EFFECTS[] = {
     {"bullet bounces", 6, 1}, {"player speed", 7, 0.3},
 };
 
-constexpr int PIXELS_PER_COLUMN = 8;
-constexpr int PIXELS_PER_ROW = 16;
-
 }  // namespace
 
 void GameTest::SetUp() {
@@ -128,13 +125,6 @@ void GameTest::emptyTheWorld() {
   step_count = 0;
 }
 
-Hero* GameTest::offered() {
-  emptyTheWorld();
-  Hero* hero = new Hero;
-  frame();
-  return hero;
-}
-
 void GameTest::markAll(const std::string& type) {
   for (mv::Object* o : all(type)) {
     world().markForDelete(o);
@@ -188,8 +178,7 @@ int GameTest::timesLogged(const std::string& message) const {
 }
 
 sf::Vector2i pixelsOf(mv::Vector where) {
-  return sf::Vector2i(static_cast<int>(where.getX() * PIXELS_PER_COLUMN),
-                      static_cast<int>(where.getY() * PIXELS_PER_ROW));
+  return sf::Vector2i(static_cast<int>(where.getX() * 8), static_cast<int>(where.getY() * 16));
 }
 
 Stats statsOf(const Hero* hero) {

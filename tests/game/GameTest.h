@@ -40,9 +40,6 @@ class GameTest : public ::testing::Test {
   // A fresh world with a hero in it and an enemy that was there before him
   // and so never hunts him: the room is never over, and no offer comes.
   Hero* heroAlone();
-  // A fresh world with a hero alone in it, after his first step: the empty
-  // room 1 is over, and two upgrades stand offered.
-  Hero* offered();
   // A new start screen, and P held for one frame.
   void startGame();
   // Holds `keys` down for `count` frames, then lets them go.

@@ -62,31 +62,30 @@ TEST_F(RoomTest, AParlorSpendsABudgetOfSixOnThreeToSixEnemiesEachOnASpawnPointOf
 TEST_F(RoomTest, TheCounterGoesFightOfferFightAndEnemiesGetHealthierAfterEveryFewOffers) {
   startGame();
   // A room that comes without an offer finds the hero blinking, and safe, for 45 steps.
+  // The rows that differ in kind: the first room, the first offer, the last
+  // rooms of one health and the first of the next, and a large room.
   const struct {
     int shown;
     int number;
     int scale;
     bool safe;
-  } rooms[] = {
-      {1, 1, 1, false},  {2, 2, 1, false},   {3, 2, 1, true},   {4, 4, 1, false},
-      {5, 4, 1, true},   {6, 6, 2, false},   {7, 6, 2, true},   {8, 8, 2, false},
-      {9, 8, 2, true},   {10, 10, 3, false}, {11, 10, 3, true}, {12, 12, 3, false},
-      {13, 12, 3, true}, {14, 14, 3, false}, {15, 14, 3, true}, {16, 16, 4, false},
-      {17, 16, 4, true},
-  };
+  } rooms[] = {{1, 1, 1, false}, {2, 2, 1, false},   {3, 2, 1, true},    {5, 4, 1, true},
+               {6, 6, 2, false}, {10, 10, 3, false}, {16, 16, 4, false}, {17, 16, 4, true}};
   const auto* hero = static_cast<const Hero*>(all("Hero")[0]);
   for (const auto& r : rooms) {
     SCOPED_TRACE(r.shown);
+    while (shown("Room:") < r.shown && !HasFailure()) {
+      playOnFrom(all("Room")[0]->getId());
+    }
     const std::vector<mv::Object*> room = all("Room");
     ASSERT_EQ(room.size(), 1u);
-    EXPECT_EQ(shown("Room:"), r.shown);
+    ASSERT_EQ(shown("Room:"), r.shown);
     EXPECT_EQ(static_cast<Room*>(room[0])->getNumber(), r.number);
     EXPECT_EQ(hero->getHurtCountdown() == 45, r.safe);
     for (mv::Object* enemy : all("Enemy")) {
       const int health_per_scale = dynamic_cast<Furnace*>(enemy) != nullptr ? 5 : 3;
       EXPECT_EQ(static_cast<Enemy*>(enemy)->getHealth(), health_per_scale * r.scale);
     }
-    playOnFrom(room[0]->getId());
   }
 }
 

@@ -1,5 +1,6 @@
 #include "Shot.h"
 
+#include <algorithm>
 #include <functional>
 
 #include "Bullet.h"
@@ -18,12 +19,8 @@ using mv::Vector;
 class ShotTest : public GameTest {
  protected:
   bool exists(int id) const {
-    for (const mv::Object* o : all("")) {
-      if (o->getId() == id) {
-        return true;
-      }
-    }
-    return false;
+    const std::vector<mv::Object*> objects = all("");
+    return std::any_of(objects.begin(), objects.end(), [&](auto* o) { return o->getId() == id; });
   }
   // Moves `shot` onto `where`, then the world goes on for one update: whether the shot is left.
   bool survives(mv::Object* shot, Vector where) {

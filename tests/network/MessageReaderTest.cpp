@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <utility>
 #include <vector>
 
 namespace {
@@ -67,14 +68,21 @@ TEST(MessageReader, HalfAMessageWaitsAndABrokenStreamStaysBrokenHoldingNothing) 
   EXPECT_EQ(reader.getHeldBytes(), 7u);
   EXPECT_EQ(reader.getAnnouncedBytes(), frame.size());
 
-  const std::string huge("\x01\0\x10\0", 4);
-  MessageReader hostile;
-  hostile.add(huge.data(), huge.size());
-  EXPECT_EQ(hostile.next(message), MessageReader::BROKEN);
-  EXPECT_EQ(hostile.getProblem(), "a message of 1048577 bytes, more than the limit of 1048576");
-  hostile.add(frame.data(), frame.size());
-  EXPECT_EQ(hostile.next(message), MessageReader::BROKEN) << "no way back into step";
-  EXPECT_EQ(hostile.getHeldBytes(), 0u);
+  const std::pair<std::string, const char*> broken[] = {
+      {std::string("\x01\0\x10\0", 4),
+       "a message of 1048577 bytes, more than the limit of 1048576"},
+      {std::string(4, '\0'), "an empty message, without even a label"},
+      {std::string("\x03\0\0\0\x2aok", 7), "a message with the unknown label code 42"}};
+  for (const auto& [bytes, problem] : broken) {
+    SCOPED_TRACE(problem);
+    MessageReader hostile;
+    hostile.add(bytes.data(), bytes.size());
+    EXPECT_EQ(hostile.next(message), MessageReader::BROKEN);
+    EXPECT_EQ(hostile.getProblem(), problem);
+    hostile.add(frame.data(), frame.size());
+    EXPECT_EQ(hostile.next(message), MessageReader::BROKEN) << "no way back into step";
+    EXPECT_EQ(hostile.getHeldBytes(), 0u);
+  }
 }
 
 }  // namespace

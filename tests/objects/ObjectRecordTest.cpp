@@ -111,31 +111,20 @@ std::string str(const std::string& text) { return u64(text.size()) + text; }
 
 TEST_F(ObjectRecordTest, RecordsHoldTheirAttributesInOrderAsLittleEndianBytes) {
   mv::Object* o = new mv::Object;
-  std::stringstream full;
-  EXPECT_EQ(o->serialize(full, 0), 0);
-  EXPECT_EQ(full.str().size(), 125u) << "all 18 attributes of a new object, type \"(Undefined)\"";
-  EXPECT_EQ(o->getModified(), 0u);
-  std::stringstream again;
-  o->serialize(again, 0);
-  EXPECT_EQ(again.str(), std::string(4, '\0')) << "nothing changed since";
-
-  std::stringstream position;
-  o->serialize(position, mv::POSITION);
-  EXPECT_EQ(position.str(), std::string("\x20\0\0\0\0\0\x80\x3f\0\0\x80\x3f", 12))
+  EXPECT_EQ(recordOf(o, 0).size(), 125u)
+      << "all 18 attributes of a new object, type \"(Undefined)\"";
+  EXPECT_EQ(recordOf(o, 0), std::string(4, '\0')) << "nothing changed since";
+  EXPECT_EQ(recordOf(o, mv::POSITION), std::string("\x20\0\0\0\0\0\x80\x3f\0\0\x80\x3f", 12))
       << "the mask, then (1,1) as two floats";
 
   o->setType("Hunter");
   o->setVelocity(Vector(3, 4));
   EXPECT_EQ(o->getModified(), static_cast<unsigned>(mv::TYPE | mv::SPEED | mv::DIRECTION));
-  std::stringstream typed;
-  o->serialize(typed, mv::TYPE | mv::EVENTS);
-  EXPECT_EQ(typed.str(), u32(mv::TYPE | mv::EVENTS) + u32(0) + str("Hunter"));
+  EXPECT_EQ(recordOf(o, mv::TYPE | mv::EVENTS),
+            u32(mv::TYPE | mv::EVENTS) + u32(0) + str("Hunter"));
   EXPECT_EQ(o->getModified(), static_cast<unsigned>(mv::SPEED | mv::DIRECTION))
       << "named attributes are cleared, unnamed ones stay";
-
-  std::stringstream velocity;
-  o->serialize(velocity, 0);
-  EXPECT_EQ(velocity.str(), u32(mv::SPEED | mv::DIRECTION) + f32(0.6f) + f32(0.8f) + f32(5))
+  EXPECT_EQ(recordOf(o, 0), u32(mv::SPEED | mv::DIRECTION) + f32(0.6f) + f32(0.8f) + f32(5))
       << "the direction comes before the speed";
 }
 
@@ -236,9 +225,7 @@ TEST_F(ObjectRecordTest, ARecordCutAtAnyByteFailsAndKeepsTheWorldWhole) {
     mv::Object* source = kind.make();
     giveEveryAttributeAValue(source);
     source->setModified(kind.attributes);
-    std::stringstream full;
-    ASSERT_EQ(source->serialize(full), 0);
-    const std::string bytes = full.str();
+    const std::string bytes = recordOf(source, 0);
     objects.push_back(source);
     mv_test::stderrOf([&] {
       for (std::size_t length = 0; length < bytes.size(); length++) {

@@ -73,7 +73,6 @@ TEST_F(ObjectTest, ASpriteFoundByItsLabelGivesTheObjectItsLooksAndItsBox) {
   EXPECT_EQ(o->getAnimation().getSprite(), nullptr);
 
   EXPECT_EQ(o->setSprite("ship"), 0);
-  EXPECT_EQ(o->getAnimation().getName(), "ship");
   EXPECT_EQ(o->getBox(), mv::Box(Vector(-2, -1.5f), 4, 3));
   EXPECT_EQ(o->getModified(), static_cast<unsigned>(mv::BOX)) << "the animation is not marked";
   mv::ResourceManager::getInstance().shutDown();

@@ -4,7 +4,6 @@
 
 #include <vector>
 
-#include "EventPath.h"
 #include "PathManager.h"
 #include "RecordingObject.h"
 #include "WorldManager.h"
@@ -49,19 +48,11 @@ TEST_F(PathFindTest, WaysAroundWallsAndCornersEndWhereTheyShould) {
     std::vector<Vector> path;
   } cases[] = {
       {"start is the end", {}, {5, 5}, {5, 5}, {{5, 5}}},
-      {"positions round to the nearest cell",
-       {},
-       {5.4f, 5.6f},
-       {6.5f, 5.2f},
-       {{5, 6}, {6, 6}, {7, 5}}},
+      {"ends round to cells", {}, {5.4f, 5.6f}, {6.5f, 5.2f}, {{5, 6}, {6, 6}, {7, 5}}},
       {"past one blocked corner", {{6, 5}}, {5, 5}, {6, 6}, {{5, 5}, {6, 6}}},
       {"never between two", {{6, 5}, {5, 6}}, {5, 5}, {6, 6}, {{5, 5}, {6, 4}, {7, 5}, {6, 6}}},
       // Two ways of equal cost reach (5,7); the later one, by (4,6), replaces the first.
-      {"equal cost takes the new parent",
-       {{5, 6}},
-       {5, 5},
-       {5, 8},
-       {{5, 5}, {4, 6}, {5, 7}, {5, 8}}},
+      {"equal cost", {{5, 6}}, {5, 5}, {5, 8}, {{5, 5}, {4, 6}, {5, 7}, {5, 8}}},
   };
   for (const auto& c : cases) {
     SCOPED_TRACE(c.what);
@@ -74,17 +65,6 @@ TEST_F(PathFindTest, WaysAroundWallsAndCornersEndWhereTheyShould) {
     searchToTheEnd();
     EXPECT_EQ(nodes(o), c.path);
   }
-}
-
-TEST_F(PathFindTest, AWalledInSearchFailsAndLeavesTheWalkerAsItWas) {
-  walls({{4, 4}, {5, 4}, {6, 4}, {4, 5}, {6, 5}, {4, 6}, {5, 6}, {6, 6}});
-  RecordingObject* o = walker({5, 5});
-  o->setVelocity(Vector(0.5f, 0));
-  ASSERT_EQ(o->findPath(Vector(15, 5)), 0);
-  searchToTheEnd();
-  EXPECT_EQ(o->received, std::vector<std::string>{"mv-path"});
-  EXPECT_TRUE(nodes(o).empty());
-  EXPECT_EQ(o->getVelocity(), Vector(0.5f, 0));
 }
 
 TEST_F(PathFindTest, ASearchForAnObjectEndsWhereTheyFirstTouch) {
@@ -140,15 +120,25 @@ TEST_F(PathFindTest, SearchesEndSafelyWhateverTheirObjectsDo) {
   EXPECT_EQ(mv::PathManager::getInstance().removePathFind(nullptr), -1);
 }
 
-TEST_F(PathFindTest, EndsOutsideTheWorldAreRefusedAndAShrunkWorldEndsTheSearch) {
-  RecordingObject* o = walker({5, 5});
-  EXPECT_EQ(o->findPath(Vector(80, 5)), -1);
-  EXPECT_EQ(o->findPath(Vector(-0.6f, 5)), -1);
+// A walled-in walker's search fails, an end outside the world is refused, and a
+// world shrunk under a search ends it: each leaves its walker as it was.
+TEST_F(PathFindTest, ASearchThatCannotEndWellLeavesTheWalkerAsItWas) {
+  walls({{4, 4}, {5, 4}, {6, 4}, {4, 5}, {6, 5}, {4, 6}, {5, 6}, {6, 6}});
+  RecordingObject* boxed = walker({5, 5});
+  boxed->setVelocity(Vector(0.5f, 0));
+  EXPECT_EQ(boxed->findPath(Vector(80, 5)), -1);
+  EXPECT_EQ(boxed->findPath(Vector(-0.6f, 5)), -1);
+  ASSERT_EQ(boxed->findPath(Vector(15, 5)), 0);
+  searchToTheEnd();
+  EXPECT_EQ(boxed->getVelocity(), Vector(0.5f, 0));
+  RecordingObject* o = walker({8, 8});
   EXPECT_EQ(o->findPath(Vector(79.4f, 23.4f)), 0) << "rounds to the last cell";
   setWorldSize(10, 10);
   searchToTheEnd();
-  EXPECT_EQ(o->received, std::vector<std::string>{"mv-path"});
-  EXPECT_TRUE(nodes(o).empty());
+  for (const RecordingObject* searcher : {boxed, o}) {
+    EXPECT_EQ(searcher->received, std::vector<std::string>{"mv-path"});
+    EXPECT_TRUE(nodes(searcher).empty());
+  }
 }
 
 }  // namespace
