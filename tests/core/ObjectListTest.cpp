@@ -55,7 +55,6 @@ TEST(ObjectList, RemovesTheFirstMatchKeepsTheOrderCopiesAreValuesAndIndexingChec
 
   EXPECT_EQ(toVector(before_removal), (Objects{fake(1), fake(2), fake(3), fake(2)}))
       << "a copy is independent of its original";
-  EXPECT_EQ(before_removal.getCapacity(), 4) << "a copy keeps the capacity";
   EXPECT_EQ(toVector(list + before_removal),
             (Objects{fake(1), fake(3), fake(2), fake(1), fake(2), fake(3), fake(2)}))
       << "a sum appends the other list";
@@ -64,8 +63,6 @@ TEST(ObjectList, RemovesTheFirstMatchKeepsTheOrderCopiesAreValuesAndIndexingChec
       << "assigning to itself changes nothing";
 
   EXPECT_EQ(list[1], fake(3));
-  list[0] = fake(5);
-  EXPECT_EQ(list[0], fake(5));
   EXPECT_THROW(list[-1], std::out_of_range);
   try {
     list[3];

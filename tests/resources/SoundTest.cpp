@@ -31,7 +31,7 @@ TEST_F(SoundTest, SoundsAndMusicPlayOnlyAfterALoadAndKeepTheirSamplesThroughAFai
   sound.play(true);
   EXPECT_FALSE(sound.isPlaying()) << "nothing loaded, nothing plays";
 
-  mv_test::writeWav("long.wav", mv_test::samplesFor(5));
+  mv_test::writeWav("long.wav", 5 * 44100);
   mv_test::writeWav("short.wav", 300);
   ASSERT_EQ(sound.loadSound("long.wav"), 0);
   sound.play(false);
@@ -63,7 +63,7 @@ TEST_F(SoundTest, SoundsAndMusicPlayOnlyAfterALoadAndKeepTheirSamplesThroughAFai
 // own, so the audio starts here for the first time.
 TEST_F(SoundTest, WithoutAnAudioDeviceEverythingStaysSilentAndSaysSoOnce) {
   setenv("ALSOFT_DRIVERS", "no-such-backend", 1);
-  mv_test::writeWav("tone.wav", mv_test::samplesFor(0.5));
+  mv_test::writeWav("tone.wav", 44100 / 2);
   mv::ResourceManager& resources = mv::ResourceManager::getInstance();
   ASSERT_EQ(resources.startUp(), 0);
   ASSERT_EQ(resources.loadMusic("tone.wav", "theme"), 0);

@@ -24,6 +24,4 @@ void writeWav(const std::string& path, int sample_count) {
   file.write(samples.data(), samples.size());
 }
 
-int samplesFor(double seconds) { return static_cast<int>(seconds * SAMPLE_RATE); }
-
 }  // namespace mv_test

@@ -9,7 +9,4 @@ namespace mv_test {
 // quiet tone, which SFML's audio reads as a sound or streams as music.
 void writeWav(const std::string& path, int sample_count);
 
-// How many samples last `seconds` at the rate of writeWav.
-int samplesFor(double seconds);
-
 }  // namespace mv_test

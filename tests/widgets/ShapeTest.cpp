@@ -23,8 +23,6 @@ TEST(Shape, KeepsItsTypeAgainstUnknownOnesAndDrawsNothingHeadless) {
   shape.setType(3);
   shape.setType(-2);
   EXPECT_EQ(shape.getType(), Shape::TRIANGLE);
-  shape.setType(Shape::UNDEFINED);
-  EXPECT_EQ(shape.getType(), Shape::UNDEFINED);
   shape.setType(Shape::SQUARE);
   shape.draw(mv::Vector(3, 3));
   mv::DisplayManager::getInstance().shutDown();

@@ -53,7 +53,7 @@ TEST_F(SceneGraphTest, EverySetterKeepsTheIndexConsistent) {
   step("visible again", [&] { c->setVisible(true); });
 }
 
-TEST_F(SceneGraphTest, ReactivatedObjectsStandLastAndHardSoftChangesMoveNothing) {
+TEST_F(SceneGraphTest, KeepsOrdersAndRefusesBadAltitudesAndStrangers) {
   auto* first = new RecordingObject("same", Vector(5, 5));
   auto* second = new RecordingObject("same", Vector(6, 5), mv::SOFT);
   first->setActive(false);
@@ -67,9 +67,8 @@ TEST_F(SceneGraphTest, ReactivatedObjectsStandLastAndHardSoftChangesMoveNothing)
   second->setSolidness(mv::HARD);
   EXPECT_EQ(graph().solidObjects()[0], second) << "soft to hard keeps its place";
   EXPECT_EQ(graph().objectsOfType("nobody").getCount(), 0);
-}
 
-TEST_F(SceneGraphTest, OutOfRangeAltitudesAreRefusedAndAStrangerIsQuietInUpdatesOnceTheGameIsOver) {
+  // Out-of-range altitudes are refused; a stranger is quiet in updates once the game is over.
   RecordingObject* stranger = new RecordingObject("stranger");
   graph().removeObject(stranger);  // now the graph has lost track of it
 
