@@ -62,13 +62,6 @@ class DisplayWindow : public testing::TestWithParam<bool> {
     DisplayManager::getInstance().setBatching(GetParam());
   }
 
-  // Covers the window in a colour that no cell draws, so backgrounds show.
-  void paper() {
-    sf::RectangleShape sheet(sf::Vector2f(1024, 768));
-    sheet.setFillColor(GREEN_PAPER);
-    ASSERT_EQ(DisplayManager::getInstance().draw(sheet), 0);
-  }
-
   mv_test::ScratchDirectory scratch;
   DisplayManager& display = DisplayManager::getInstance();
 };
@@ -77,7 +70,10 @@ TEST_P(DisplayWindow, PutsTheCellAtOneOneWhereTheGridSaysWithItsBackgroundOffset
   start("window_background_color:blue,");
   ASSERT_NE(display.getWindow(), nullptr);
   EXPECT_EQ(display.getWindow()->getSize(), sf::Vector2u(1024, 768));
-  paper();
+  // A sheet in a colour that no cell draws, so the background shows.
+  sf::RectangleShape sheet(sf::Vector2f(1024, 768));
+  sheet.setFillColor(GREEN_PAPER);
+  ASSERT_EQ(display.draw(sheet), 0);
   display.drawCharacter(Vector(1, 1), ' ', mv::RED, 0);
   const sf::Image blank = mv_test::captureWindow();
 

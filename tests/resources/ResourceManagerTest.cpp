@@ -5,7 +5,6 @@
 #include "LogManager.h"
 #include "ResourceTest.h"
 #include "logLines.h"
-#include "soundFile.h"
 
 namespace {
 

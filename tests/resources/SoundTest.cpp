@@ -7,9 +7,8 @@
 #include "LogManager.h"
 #include "Music.h"
 #include "ResourceManager.h"
-#include "ScratchDirectory.h"
+#include "ResourceTest.h"
 #include "logLines.h"
-#include "soundFile.h"
 
 namespace {
 

@@ -16,32 +16,24 @@ using mv::GameManager;
 using mv::Vector;
 using mv::WorldManager;
 
-class SplashTest : public ::testing::Test {
- protected:
-  void SetUp() override {
-    scratch.write("mv-config.txt", "headless:true,networking:false,");
-    ASSERT_EQ(GameManager::getInstance().startUp(), 0);
-  }
-  void TearDown() override { GameManager::getInstance().shutDown(); }
+mv::Object* only(const std::string& type) {
+  const mv::ObjectList found = WorldManager::getInstance().objectsOfType(type);
+  return found.getCount() == 1 ? found[0] : nullptr;
+}
 
+TEST(Splash, AnyKeyEndsItOtherwiseTheNameSlidesInAndTheEmblemClimbsStepByStep) {
+  mv_test::ScratchDirectory scratch;
+  scratch.write("mv-config.txt", "headless:true,networking:false,");
+  ASSERT_EQ(GameManager::getInstance().startUp(), 0);
+  int step = 0;
   // Frames as the loop runs them, without the sleep: the step, then the world.
-  void framesUpTo(int last) {
+  const auto framesUpTo = [&](int last) {
     for (; step <= last; step++) {
       const mv::EventStep event(step);
       GameManager::getInstance().onEvent(&event);
       WorldManager::getInstance().update();
     }
-  }
-  static mv::Object* only(const std::string& type) {
-    const mv::ObjectList found = WorldManager::getInstance().objectsOfType(type);
-    return found.getCount() == 1 ? found[0] : nullptr;
-  }
-
-  mv_test::ScratchDirectory scratch;
-  int step = 0;
-};
-
-TEST_F(SplashTest, AnyKeyEndsItOtherwiseTheNameSlidesInAndTheEmblemClimbsStepByStep) {
+  };
   new mv::Splash;
   framesUpTo(0);
   mv::EventKeyboard undefined_key;
@@ -75,6 +67,7 @@ TEST_F(SplashTest, AnyKeyEndsItOtherwiseTheNameSlidesInAndTheEmblemClimbsStepByS
   framesUpTo(89);
   EXPECT_TRUE(GameManager::getInstance().getGameOver());
   EXPECT_TRUE(WorldManager::getInstance().getAllObjects(true).isEmpty()) << "both end together";
+  GameManager::getInstance().shutDown();
 }
 
 TEST(Splash, RunsNinetyStepsInItsOwnLoopAndNeedsAStartedEngine) {
