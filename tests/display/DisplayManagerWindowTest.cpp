@@ -7,9 +7,6 @@
 #include <algorithm>
 #include <cstdio>
 
-#include <filesystem>
-
-#include "Config.h"
 #include "DisplayManager.h"
 #include "GameManager.h"
 #include "LogManager.h"
@@ -186,19 +183,13 @@ const struct Scene {
      }},
 };
 
-struct Way {
-  const char* name;
-  bool batched;
-  bool composed;
-};
+// The ways of drawing cells, each of which must look like drawing them one by one.
+enum Way { ONE_BY_ONE, BATCH_OF_QUADS, COMPOSED };
 
-const Way ONE_BY_ONE{"one by one", false, false};
-const Way WAYS[] = {{"batch of quads", true, false}, {"composed", true, true}};
-
-sf::Image drawnAs(const Way& way, void (*scene)()) {
+sf::Image drawnAs(Way way, void (*scene)()) {
   DisplayManager& display = DisplayManager::getInstance();
-  display.setBatching(way.batched);
-  display.setComposing(way.composed);
+  display.setBatching(way != ONE_BY_ONE);
+  display.setComposing(way == COMPOSED);
   scene();
   const sf::Image picture = mv_test::captureWindow();
   display.swapBuffers();
@@ -218,9 +209,9 @@ TEST(DisplayWindowBatches, LookLikeCellsDrawnOneByOne) {
     ASSERT_EQ(mv_test::startDisplay(grid), 0);
     for (const Scene& scene : SCENES) {
       const sf::Image alone = drawnAs(ONE_BY_ONE, scene.draw);
-      for (const Way& way : WAYS) {
+      for (Way way : {BATCH_OF_QUADS, COMPOSED}) {
         EXPECT_LE(differingPixels(alone, drawnAs(way, scene.draw)), mostDiffering(alone))
-            << "grid '" << grid << "', " << scene.name << ", " << way.name;
+            << "grid '" << grid << "', " << scene.name << ", way " << way;
       }
     }
     DisplayManager::getInstance().shutDown();
@@ -238,10 +229,9 @@ TEST(DisplayWindowBatches, ShowPicturesAloneInTheWindowAsCaptured) {
   DisplayManager& display = DisplayManager::getInstance();
   // X keeps no pixels of a window outside the screen.
   display.getWindow()->setPosition(sf::Vector2i(0, 0));
-  const Way& composed = WAYS[1];
   const auto steady = [] { mv_scenes::drawSlowlyChangingScreen(0, 50); };
   const auto changed = [] { mv_scenes::drawSlowlyChangingScreen(1, 50); };
-  const sf::Image captured[] = {drawnAs(composed, steady), drawnAs(composed, changed)};
+  const sf::Image captured[] = {drawnAs(COMPOSED, steady), drawnAs(COMPOSED, changed)};
   // The whole picture, the same again, then a few cells changed; last, a frame without cells.
   const struct {
     void (*scene)();
