@@ -40,13 +40,11 @@ TEST_F(SoundTest, SoundsAndMusicPlayOnlyAfterALoadAndKeepTheirSamplesThroughAFai
   ASSERT_EQ(sound.loadSound("short.wav"), 0);
   scratch.write("broken.wav", "not a sound");
   EXPECT_EQ(sound.loadSound("broken.wav"), -1);
-  EXPECT_EQ(sound.loadSound("missing.wav"), -1);
   sound.play(true);
   EXPECT_TRUE(sound.isPlaying()) << "a failed load keeps the samples there were";
   sound.stop();
 
   mv::Music music;
-  EXPECT_EQ(music.loadMusic("missing.ogg"), -1);
   ASSERT_EQ(music.loadMusic("long.wav"), 0);
   music.play(false);
   EXPECT_TRUE(music.isPlaying());

@@ -100,7 +100,6 @@ TEST_F(SpriteFile, TheFirstLineTellsTheFormat) {
   expectRefused({
       {"", {GETLINE_EOF, unknown, "RM::loadSprite(): First line is ''."}},
       {"0\n", {unknown, "RM::loadSprite(): First line is '0'."}},
-      {"<HEADER>", {GETLINE_EOF, unknown, "RM::loadSprite(): First line is ''."}},
   });
   EXPECT_EQ(loadSprite(fileText({"1 frame", "2", "1", "0", "green", "ab"})), 0)
       << "digits followed by text make a simple file";
