@@ -29,7 +29,6 @@ std::vector<std::string> startAndStop(const mv_test::ScratchDirectory& scratch,
   scratch.write("mv-config.txt", HEADLESS + config);
   GameManager& game = GameManager::getInstance();
   EXPECT_EQ(game.startUp(), 0);
-  EXPECT_TRUE(LogManager::getInstance().isStarted());
   EXPECT_EQ(game.startUp(), -1) << "a second start is refused";
   EXPECT_TRUE(game.isStarted());
   game.shutDown();
@@ -86,7 +85,6 @@ TEST(GameManagerStartUp, WithEveryLevelShownTellsEachStepInOrderAndSeedsAsConfig
                                           "Display manager stopped",
                                           "** Game engine stopped **",
                                           "LogManager::shutDown(): successfully stopped."}));
-  EXPECT_EQ(GameManager::getInstance().getFrameTime(), 25);
 
   const auto seeded = [](const std::vector<std::string>& messages) {
     return std::any_of(messages.begin(), messages.end(),

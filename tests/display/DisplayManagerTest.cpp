@@ -99,22 +99,16 @@ TEST(DisplayManagerStartUp, RefusesAGridWithoutCellsASecondStartAndAMissingDispl
        "DisplayManager::startUp(): Unable to allocate window!"}));
 }
 
-TEST(DisplayManagerCells, ConvertBetweenSpacesAndPixelsWithoutOffsetsAndColoursToOpaqueOnes) {
-  mv_test::ScratchDirectory scratch;
-  mv::LogManager::getInstance().setLogLevel(30);
-  ASSERT_EQ(mv_test::startDisplay("headless:true,"), 0);
-  EXPECT_EQ(mv::spacesToPixels(Vector(1, 1)), Vector(mv::charWidth(), mv::charHeight()));
-  mv::pixelsToSpaces(mv::spacesToPixels(Vector(17.25f, -3.5f)));
-  EXPECT_EQ(mv::colorToSFML(mv::YELLOW), sf::Color(255, 255, 0, 255));
-  EXPECT_EQ(mv::colorToSFML(mv::CUSTOM), sf::Color::White);
-  EXPECT_EQ(mv::colorToSFML(static_cast<mv::Color>(-4)), sf::Color::White);
-  DisplayManager::getInstance().shutDown();
-  EXPECT_TRUE(mv_test::inOrder(
-      logAfterStop(),
-      {"spacesToPixels(int): spaces (1.00,1.00) = pixels (12.80,32.00)",
-       "pixelsToSpaces(): pixels (220.80,-112.00) = spaces (17.25,-3.50)",
-       "colorToSFML(): Color is CUSTOM.", "colorToSFML(): Color -4 not supported."}))
-      << "cells of 12.8 by 32 pixels, and back";
+TEST(DisplayManagerColours, NamedOnesBecomeOpaqueAndOthersWhiteWithAWord) {
+  mv::LogManager::getInstance().setLogLevel(5);
+  const std::string errors = mv_test::stderrOf([] {
+    EXPECT_EQ(mv::colorToSFML(mv::YELLOW), sf::Color(255, 255, 0, 255));
+    EXPECT_EQ(mv::colorToSFML(mv::CUSTOM), sf::Color::White);
+    EXPECT_EQ(mv::colorToSFML(static_cast<mv::Color>(-4)), sf::Color::White);
+  });
+  EXPECT_EQ(mv_test::logMessages(errors),
+            (std::vector<std::string>{"colorToSFML(): Color is CUSTOM.",
+                                      "colorToSFML(): Color -4 not supported."}));
 }
 
 TEST(DisplayManagerRecorder, SeesEveryCellOfStringsAsJustifiedEvenHeadless) {

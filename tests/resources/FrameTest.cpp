@@ -12,20 +12,13 @@ namespace {
 using mv::Frame;
 using mv::Vector;
 
-class FrameTest : public ::testing::Test {
- protected:
-  void SetUp() override {
-    ASSERT_EQ(mv_test::startDisplay("headless:true,window_horizontal_chars:12,"
-                                    "window_vertical_chars:5,"),
-              0);
-    mv::DisplayManager::getInstance().setCellRecorder(&screen);
-  }
-
+TEST(Frame, FramesAreCentredSkipTheTransparentCharacterAndDrawNoMoreThanTheyHold) {
   mv_test::ScratchDirectory scratch;
-  mv_test::TextScreen screen{12, 5};
-};
-
-TEST_F(FrameTest, FramesAreCentredSkipTheTransparentCharacterAndDrawNoMoreThanTheyHold) {
+  ASSERT_EQ(
+      mv_test::startDisplay("headless:true,window_horizontal_chars:12,window_vertical_chars:5,"),
+      0);
+  mv_test::TextScreen screen(12, 5);
+  mv::DisplayManager::getInstance().setCellRecorder(&screen);
   const Frame ship(3, 2, "/#\\\\#/");
   EXPECT_EQ(ship.draw(Vector(2, 1), mv::RED, 0), 0) << "two high: rows at half a cell";
   const Frame hollow(3, 3, "xxxx.xxxx");

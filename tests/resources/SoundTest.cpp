@@ -7,9 +7,8 @@
 #include "LogManager.h"
 #include "Music.h"
 #include "ResourceManager.h"
-#include "ScratchDirectory.h"
+#include "ResourceTest.h"
 #include "logLines.h"
-#include "soundFile.h"
 
 namespace {
 
@@ -31,7 +30,7 @@ TEST_F(SoundTest, SoundsAndMusicPlayOnlyAfterALoadAndKeepTheirSamplesThroughAFai
   sound.play(true);
   EXPECT_FALSE(sound.isPlaying()) << "nothing loaded, nothing plays";
 
-  mv_test::writeWav("long.wav", mv_test::samplesFor(5));
+  mv_test::writeWav("long.wav", 5 * 44100);
   mv_test::writeWav("short.wav", 300);
   ASSERT_EQ(sound.loadSound("long.wav"), 0);
   sound.play(false);
@@ -41,13 +40,11 @@ TEST_F(SoundTest, SoundsAndMusicPlayOnlyAfterALoadAndKeepTheirSamplesThroughAFai
   ASSERT_EQ(sound.loadSound("short.wav"), 0);
   scratch.write("broken.wav", "not a sound");
   EXPECT_EQ(sound.loadSound("broken.wav"), -1);
-  EXPECT_EQ(sound.loadSound("missing.wav"), -1);
   sound.play(true);
   EXPECT_TRUE(sound.isPlaying()) << "a failed load keeps the samples there were";
   sound.stop();
 
   mv::Music music;
-  EXPECT_EQ(music.loadMusic("missing.ogg"), -1);
   ASSERT_EQ(music.loadMusic("long.wav"), 0);
   music.play(false);
   EXPECT_TRUE(music.isPlaying());
@@ -63,7 +60,7 @@ TEST_F(SoundTest, SoundsAndMusicPlayOnlyAfterALoadAndKeepTheirSamplesThroughAFai
 // own, so the audio starts here for the first time.
 TEST_F(SoundTest, WithoutAnAudioDeviceEverythingStaysSilentAndSaysSoOnce) {
   setenv("ALSOFT_DRIVERS", "no-such-backend", 1);
-  mv_test::writeWav("tone.wav", mv_test::samplesFor(0.5));
+  mv_test::writeWav("tone.wav", 44100 / 2);
   mv::ResourceManager& resources = mv::ResourceManager::getInstance();
   ASSERT_EQ(resources.startUp(), 0);
   ASSERT_EQ(resources.loadMusic("tone.wav", "theme"), 0);

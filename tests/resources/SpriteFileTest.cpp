@@ -100,8 +100,6 @@ TEST_F(SpriteFile, TheFirstLineTellsTheFormat) {
   expectRefused({
       {"", {GETLINE_EOF, unknown, "RM::loadSprite(): First line is ''."}},
       {"0\n", {unknown, "RM::loadSprite(): First line is '0'."}},
-      {"frames 2\n", {unknown, "RM::loadSprite(): First line is 'frames 2'."}},
-      {"<HEADER>", {GETLINE_EOF, unknown, "RM::loadSprite(): First line is ''."}},
   });
   EXPECT_EQ(loadSprite(fileText({"1 frame", "2", "1", "0", "green", "ab"})), 0)
       << "digits followed by text make a simple file";
@@ -113,23 +111,15 @@ TEST_F(SpriteFile, SimpleHeaderItemsAreRequiredInOrderAndChecked) {
   expectRefused({
       {"2\n", {GETLINE_EOF, eof, "\tMissing width (an integer)."}},
       {"2\n\n", {eof, "\tMissing width (an integer)."}},
-      {"2\n3\n", {GETLINE_EOF, eof, "\tMissing height (an integer)."}},
-      {"2\n3\n2\n", {GETLINE_EOF, eof, "\tMissing slowdown (an integer)."}},
       {"2\n3\n2\n4\n", {GETLINE_EOF, eof, "\tMissing color (a string)."}},
       {"2\n0\n", {"RM::loadSimpleSprite(): Error line 2! Width is '0'."}},
-      {"2\n3\nhigh\n", {"RM::loadSimpleSprite(): Error line 3! Height is 'high'."}},
       {"2\n3\n2\n-1\n", {"RM::loadSimpleSprite(): Error line 4! Slowdown is '-1'."}},
       {"2\n3\n2\n4\nRed\n",
        unknownColor("RM::loadSimpleSprite(): Error line 5! Unrecognized color 'Red'.", "or")},
-      {"2\n3\n2\n4\ndefault\n",
-       unknownColor("RM::loadSimpleSprite(): Error line 5! Unrecognized color 'default'.", "or")},
       // Absurd sizes are refused before anything is made.
-      {"20000\n",
-       {"RM::loadSimpleSprite(): Error line 1! Number of frames is 20000, more than 10000."}},
       {"99999999999999999999\n",
        {"RM::loadSimpleSprite(): Error line 1! Number of frames is 2147483647, more than 10000."}},
       {"1\n1001\n", {"RM::loadSimpleSprite(): Error line 2! Width is 1001, more than 1000."}},
-      {"1\n1\n5000\n", {"RM::loadSimpleSprite(): Error line 3! Height is 5000, more than 1000."}},
   });
 }
 
@@ -165,11 +155,8 @@ TEST_F(SpriteFile, SimpleRowsMustBeAllThereEachOfTheWidthAndNothingAfter) {
       {fileText({"2", "3", "2", "4", "red", "/#\\", "\\#", "|#|", "|#|"}),
        {"RM::loadSimpleSprite(): Error line 7!", "\tLine  7: '\\#'", "\tWidth is 2, expected 3."}},
       {ship.substr(0, ship.size() - 1), {GETLINE_EOF, eof, "\tReading frame 2 of 2, row 2 of 2."}},
-      {fileText({"2", "3", "2", "4", "red", "/#\\", "\\#/"}),
-       {GETLINE_EOF, eof, "\tReading frame 2 of 2, row 1 of 2."}},
       {ship + "\n", {line_10, "\tExtra file data: ''"}},
       {ship + "more\r\n", {line_10, "\tExtra file data: 'more'"}},
-      {ship + "x", {line_10, "\tExtra file data: 'x'"}},
   });
 }
 
@@ -200,15 +187,11 @@ TEST_F(SpriteFile, RobustHeadersMustNameSensibleSizesAndAKnownColor) {
   const std::string error = "RM::loadRobustSprite(): Error! ";
   expectRefused({
       {robust({"width 1", "height 1"}, body), {error + "Missing 'frames' in header."}},
+      // A written -1 reads as no number at all.
       {robust({"frames -1", "width 1", "height 1"}, body), {error + "Missing 'frames' in header."}},
       {robust({"frames 1", "height 1"}, body), {error + "Missing 'width' in header."}},
-      {robust({"frames 1", "width 1"}, body), {error + "Missing 'height' in header."}},
       {robust({"frames -3", "width 1", "height 1"}, body),
        {error + "'frames' is -3 in header, outside 0 to 10000."}},
-      {robust({"frames 2000000000", "width 1", "height 1"}, body),
-       {error + "'frames' is 2000000000 in header, outside 0 to 10000."}},
-      {robust({"frames 1", "width -7", "height 1"}, body),
-       {error + "'width' is -7 in header, outside 0 to 1000."}},
       {robust({"frames 1", "width 1", "height 1001"}, body),
        {error + "'height' is 1001 in header, outside 0 to 1000."}},
       {robust({"frames 1", "width 1", "height 1", "color purple"}, body),
@@ -234,7 +217,6 @@ TEST_F(SpriteFile, RobustBlocksMustStandInOrderClosedAndWithoutEmptyLines) {
       {robust({"frames 0", "width 3", "height 2"}, {}),
        {"readData(): Error line 7! Nothing between '<BODY>' and '</BODY>'."}},
       {robust(SHIP_HEADER, SHIP_BODY, {"versions"}), {no_version}},
-      {robust(SHIP_HEADER, SHIP_BODY, {"version"}), {no_version}},
   });
   EXPECT_EQ(loadSprite(ship_text + "anything at all"), 0) << "nothing after the footer is read";
 }
@@ -248,8 +230,6 @@ TEST_F(SpriteFile, RobustFramesNeedTheirRowsAndTheirEndAndNothingMore) {
        {"\tError! Line 16: Expected 'end'.", "\tLine 13: 'END'", no_frame}},
       {robust(SHIP_HEADER, {"/#\\", "\\#/", "end", "|#|", "|#|"}),
        {"\tError! Line 15: No more frame data before 'end'.", no_frame}},
-      {robust(SHIP_HEADER, {"/#\\", "\\#/", "end"}),
-       {"\tError! Line 13: No more frame data before 'end'.", no_frame}},
       {robust({"frames 0", "width 3", "height 2"}, SHIP_BODY),
        {"RM::loadRobustSprite(): Error! Extra BODY:", "\tLine 13: /#\\", "\tLine 14: \\#/",
         "\tLine 15: end", "\tLine 16: |#|", "\tLine 17: |#|", "\tLine 18: end"}},

@@ -40,10 +40,4 @@ void FakeInput::queueMouse(sf::Event::EventType type, int x, int y, sf::Mouse::B
   queue.push_back(event);
 }
 
-void FakeInput::queueClose() {
-  sf::Event event{};
-  event.type = sf::Event::Closed;
-  queue.push_back(event);
-}
-
 }  // namespace mv_test

@@ -19,7 +19,6 @@ class FakeInput : public mv::InputSource {
   void queueKey(sf::Event::EventType type, sf::Keyboard::Key key);
   void queueMouse(sf::Event::EventType type, int x, int y,
                   sf::Mouse::Button button = sf::Mouse::Left);
-  void queueClose();
 
   std::deque<sf::Event> queue;
   std::set<sf::Keyboard::Key> held_keys;

@@ -1,10 +1,20 @@
 #include "ResourceTest.h"
 
+#include <SFML/Audio/OutputSoundFile.hpp>
+
+#include <cmath>
+
 #include "LogManager.h"
 #include "ResourceManager.h"
 #include "logLines.h"
 
 namespace mv_test {
+
+namespace {
+
+constexpr unsigned SAMPLE_RATE = 44100;
+
+}  // namespace
 
 void ResourceTest::SetUp() {
   mv::LogManager& log = mv::LogManager::getInstance();
@@ -31,6 +41,17 @@ std::vector<std::string> ResourceTest::newMessages() {
   const std::vector<std::string> fresh(all.begin() + static_cast<long>(messages_seen), all.end());
   messages_seen = all.size();
   return fresh;
+}
+
+void writeWav(const std::string& path, int sample_count) {
+  std::vector<sf::Int16> samples(static_cast<std::size_t>(sample_count));
+  for (std::size_t i = 0; i < samples.size(); i++) {
+    samples[i] = static_cast<sf::Int16>(1000 * std::sin(i * 2 * M_PI * 440.0 / SAMPLE_RATE));
+  }
+  // Written without the audio device, which a test may have made unreachable.
+  sf::OutputSoundFile file;
+  file.openFromFile(path, SAMPLE_RATE, 1);
+  file.write(samples.data(), samples.size());
 }
 
 }  // namespace mv_test

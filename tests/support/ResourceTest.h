@@ -1,4 +1,4 @@
-// A fixture for tests of loading resources: a scratch working directory, a
+// Helpers for tests of loading resources. The fixture: a scratch working directory, a
 // started log that is written through line by line, and a started resource
 // manager. Tests read back what each load wrote to the log.
 #pragma once
@@ -30,5 +30,9 @@ class ResourceTest : public ::testing::Test {
  private:
   std::size_t messages_seen = 0;
 };
+
+// Writes a mono, 16-bit, 44100 Hz WAV file of `sample_count` samples of a
+// quiet tone, which SFML's audio reads as a sound or streams as music.
+void writeWav(const std::string& path, int sample_count);
 
 }  // namespace mv_test

@@ -57,14 +57,6 @@ std::vector<mv::Object*> toVector(const mv::ObjectList& list) {
   return objects;
 }
 
-std::vector<std::string> typesOf(const mv::ObjectList& list) {
-  std::vector<std::string> types;
-  for (const mv::Object* o : toVector(list)) {
-    types.push_back(o->getType());
-  }
-  return types;
-}
-
 void expectSceneGraphConsistent(const std::vector<mv::Object*>& objects) {
   const mv::SceneGraph& graph = mv::WorldManager::getInstance().getSceneGraph();
   const mv::Grid& grid = graph.getGrid();

@@ -29,9 +29,8 @@ class WorldTest : public ::testing::Test {
   ScratchDirectory scratch;
 };
 
-// The objects of a list in its order, and their types.
+// The objects of a list in its order.
 std::vector<mv::Object*> toVector(const mv::ObjectList& list);
-std::vector<std::string> typesOf(const mv::ObjectList& list);
 
 // Checks that the scene graph lists every object where its state says it
 // belongs, and nowhere else; `objects` is everything in the world.

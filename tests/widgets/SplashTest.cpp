@@ -16,32 +16,34 @@ using mv::GameManager;
 using mv::Vector;
 using mv::WorldManager;
 
-class SplashTest : public ::testing::Test {
- protected:
-  void SetUp() override {
-    scratch.write("mv-config.txt", "headless:true,networking:false,");
-    ASSERT_EQ(GameManager::getInstance().startUp(), 0);
-  }
-  void TearDown() override { GameManager::getInstance().shutDown(); }
+mv::Object* only(const std::string& type) {
+  const mv::ObjectList found = WorldManager::getInstance().objectsOfType(type);
+  return found.getCount() == 1 ? found[0] : nullptr;
+}
 
+TEST(Splash, AnyKeyEndsItOtherwiseTheNameSlidesInAndTheEmblemClimbsStepByStep) {
+  mv_test::ScratchDirectory scratch;
+  scratch.write("mv-config.txt", "headless:true,networking:false,");
+  ASSERT_EQ(GameManager::getInstance().startUp(), 0);
+  int step = 0;
   // Frames as the loop runs them, without the sleep: the step, then the world.
-  void framesUpTo(int last) {
+  const auto framesUpTo = [&](int last) {
     for (; step <= last; step++) {
       const mv::EventStep event(step);
       GameManager::getInstance().onEvent(&event);
       WorldManager::getInstance().update();
     }
-  }
-  static mv::Object* only(const std::string& type) {
-    const mv::ObjectList found = WorldManager::getInstance().objectsOfType(type);
-    return found.getCount() == 1 ? found[0] : nullptr;
-  }
+  };
+  new mv::Splash;
+  framesUpTo(0);
+  mv::EventKeyboard undefined_key;
+  mv::InputManager::getInstance().onEvent(&undefined_key);
+  EXPECT_TRUE(GameManager::getInstance().getGameOver());
+  WorldManager::getInstance().update();
+  EXPECT_TRUE(WorldManager::getInstance().getAllObjects(true).isEmpty()) << "and leaves no emblem";
 
-  mv_test::ScratchDirectory scratch;
-  int step = 0;
-};
-
-TEST_F(SplashTest, TheNameSlidesInAndTheEmblemClimbsToItsSideStepByStep) {
+  GameManager::getInstance().setGameOver(false);
+  step = 0;
   new mv::Splash;
   mv::Object* name = only("Splash");
   ASSERT_NE(name, nullptr);
@@ -65,16 +67,7 @@ TEST_F(SplashTest, TheNameSlidesInAndTheEmblemClimbsToItsSideStepByStep) {
   framesUpTo(89);
   EXPECT_TRUE(GameManager::getInstance().getGameOver());
   EXPECT_TRUE(WorldManager::getInstance().getAllObjects(true).isEmpty()) << "both end together";
-}
-
-TEST_F(SplashTest, AnyKeyEndsTheRunAndAnEarlyOneLeavesNoEmblem) {
-  new mv::Splash;
-  framesUpTo(0);
-  mv::EventKeyboard undefined_key;
-  mv::InputManager::getInstance().onEvent(&undefined_key);
-  EXPECT_TRUE(GameManager::getInstance().getGameOver());
-  WorldManager::getInstance().update();
-  EXPECT_TRUE(WorldManager::getInstance().getAllObjects(true).isEmpty());
+  GameManager::getInstance().shutDown();
 }
 
 TEST(Splash, RunsNinetyStepsInItsOwnLoopAndNeedsAStartedEngine) {

@@ -22,6 +22,15 @@ class GridTest : public mv_test::WorldTest {
   static const mv::Grid& grid() { return world().getSceneGraph().getGrid(); }
 };
 
+// The types of a list's objects, in its order.
+std::vector<std::string> typesOf(const mv::ObjectList& list) {
+  std::vector<std::string> types;
+  for (const mv::Object* o : mv_test::toVector(list)) {
+    types.push_back(o->getType());
+  }
+  return types;
+}
+
 // A 1 by 1 box whose top-left corner is at `corner`.
 RecordingObject* unitBoxAt(const std::string& name, Vector corner) {
   auto* o = new RecordingObject(name, corner);
@@ -61,17 +70,16 @@ TEST_F(GridTest, CollisionsComeOnceEachAndNeverIncludeTheAskerInsideOrOutside) {
   unitBoxAt("row below", Vector(21.5f, 9));
   auto* outside = unitBoxAt("outside", Vector(17, -1.5f));
   auto* asker = unitBoxAt("asker", Vector(0, 0));
-  EXPECT_EQ(mv_test::typesOf(grid().getCollisions(asker, Vector(19.5f, 7.5f))),
+  EXPECT_EQ(typesOf(grid().getCollisions(asker, Vector(19.5f, 7.5f))),
             std::vector<std::string>{"big"});
-  EXPECT_EQ(mv_test::typesOf(grid().getCollisions(big, Vector(20, 8))),
+  EXPECT_EQ(typesOf(grid().getCollisions(big, Vector(20, 8))),
             std::vector<std::string>{"row below"})
       << "the asker is not in its own result; others stay at their current places";
   EXPECT_EQ(grid().getCollisions(outside, Vector(17, -1.5f)).getCount(), 0);
 
   auto* a = unitBoxAt("a", Vector(-10, -10));
   unitBoxAt("b", Vector(-9.5f, -9.5f));
-  EXPECT_EQ(mv_test::typesOf(grid().getCollisions(a, a->getPosition())),
-            std::vector<std::string>{"b"})
+  EXPECT_EQ(typesOf(grid().getCollisions(a, a->getPosition())), std::vector<std::string>{"b"})
       << "objects outside the boundary still collide";
 }
 
@@ -79,7 +87,7 @@ TEST_F(GridTest, MovesTouchOnlyTheCellsWhoseMembershipChanges) {
   auto* first = unitBoxAt("first", Vector(2, 2));
   auto* second = unitBoxAt("second", Vector(3, 2));
   first->setPosition(Vector(4, 3));
-  EXPECT_EQ(mv_test::typesOf(grid().objectsInCell(Cell{0, 0})),
+  EXPECT_EQ(typesOf(grid().objectsInCell(Cell{0, 0})),
             (std::vector<std::string>{"first", "second"}))
       << "a move within a cell keeps the object's place in its list";
   first->setPosition(Vector(-1.5f, 3));

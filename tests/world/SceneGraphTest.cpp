@@ -14,10 +14,7 @@ using mv::Vector;
 using mv_test::expectSceneGraphConsistent;
 using mv_test::RecordingObject;
 
-class SceneGraphTest : public mv_test::WorldTest {
- protected:
-  static mv::SceneGraph& graph() { return world().getSceneGraph(); }
-};
+using SceneGraphTest = mv_test::WorldTest;
 
 TEST_F(SceneGraphTest, EverySetterKeepsTheIndexConsistent) {
   auto* a = new RecordingObject("a", Vector(10, 5));
@@ -53,39 +50,39 @@ TEST_F(SceneGraphTest, EverySetterKeepsTheIndexConsistent) {
   step("visible again", [&] { c->setVisible(true); });
 }
 
-TEST_F(SceneGraphTest, ReactivatedObjectsStandLastAndHardSoftChangesMoveNothing) {
+TEST_F(SceneGraphTest, KeepsOrdersAndRefusesBadAltitudesAndStrangers) {
+  mv::SceneGraph& graph = world().getSceneGraph();
   auto* first = new RecordingObject("same", Vector(5, 5));
   auto* second = new RecordingObject("same", Vector(6, 5), mv::SOFT);
   first->setActive(false);
   first->setActive(true);
-  EXPECT_EQ(graph().activeObjects()[1], first);
-  EXPECT_EQ(graph().objectsOfType("same")[1], first);
-  EXPECT_EQ(graph().solidObjects()[1], first);
-  EXPECT_EQ(graph().visibleObjects(2)[1], first);
-  EXPECT_EQ(graph().getGrid().objectsInCell(mv::Cell{0, 0})[1], first);
+  EXPECT_EQ(graph.activeObjects()[1], first);
+  EXPECT_EQ(graph.objectsOfType("same")[1], first);
+  EXPECT_EQ(graph.solidObjects()[1], first);
+  EXPECT_EQ(graph.visibleObjects(2)[1], first);
+  EXPECT_EQ(graph.getGrid().objectsInCell(mv::Cell{0, 0})[1], first);
 
   second->setSolidness(mv::HARD);
-  EXPECT_EQ(graph().solidObjects()[0], second) << "soft to hard keeps its place";
-  EXPECT_EQ(graph().objectsOfType("nobody").getCount(), 0);
-}
+  EXPECT_EQ(graph.solidObjects()[0], second) << "soft to hard keeps its place";
+  EXPECT_EQ(graph.objectsOfType("nobody").getCount(), 0);
 
-TEST_F(SceneGraphTest, OutOfRangeAltitudesAreRefusedAndAStrangerIsQuietInUpdatesOnceTheGameIsOver) {
+  // Out-of-range altitudes are refused; a stranger is quiet in updates once the game is over.
   RecordingObject* stranger = new RecordingObject("stranger");
-  graph().removeObject(stranger);  // now the graph has lost track of it
+  graph.removeObject(stranger);  // now the graph has lost track of it
 
   mv::GameManager::getInstance().setGameOver(true);
   const std::string errors = mv_test::stderrOf([&] {
-    EXPECT_EQ(graph().visibleObjects(5).getCount(), 0);
-    EXPECT_EQ(graph().visibleObjects(-1).getCount(), 0);
-    EXPECT_EQ(graph().updateType(stranger, "other"), 0);
-    EXPECT_EQ(graph().removeObject(stranger), -1);
+    EXPECT_EQ(graph.visibleObjects(5).getCount(), 0);
+    EXPECT_EQ(graph.visibleObjects(-1).getCount(), 0);
+    EXPECT_EQ(graph.updateType(stranger, "other"), 0);
+    EXPECT_EQ(graph.removeObject(stranger), -1);
   });
   const std::vector<std::string> messages = mv_test::logMessages(errors);
   ASSERT_EQ(messages.size(), 3u) << "no word of the type's update";
   EXPECT_EQ(messages[0], "SceneGraph::visibleObjects(): Warning! altitude 5 not in [0,4].");
   EXPECT_EQ(messages[1], "SceneGraph::visibleObjects(): Warning! altitude -1 not in [0,4].");
   EXPECT_EQ(messages[2].rfind("SceneGraph::removeObject(): Error removing Object", 0), 0u);
-  graph().insertObject(stranger);
+  graph.insertObject(stranger);
 }
 
 }  // namespace
