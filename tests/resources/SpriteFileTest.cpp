@@ -111,6 +111,8 @@ TEST_F(SpriteFile, SimpleHeaderItemsAreRequiredInOrderAndChecked) {
   expectRefused({
       {"2\n", {GETLINE_EOF, eof, "\tMissing width (an integer)."}},
       {"2\n\n", {eof, "\tMissing width (an integer)."}},
+      {"2\n3\n", {GETLINE_EOF, eof, "\tMissing height (an integer)."}},
+      {"2\n3\n2\n", {GETLINE_EOF, eof, "\tMissing slowdown (an integer)."}},
       {"2\n3\n2\n4\n", {GETLINE_EOF, eof, "\tMissing color (a string)."}},
       {"2\n0\n", {"RM::loadSimpleSprite(): Error line 2! Width is '0'."}},
       {"2\n3\n2\n-1\n", {"RM::loadSimpleSprite(): Error line 4! Slowdown is '-1'."}},
