@@ -1,5 +1,6 @@
 #include "ObjectList.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <stdexcept>
@@ -46,12 +47,8 @@ TEST(ObjectList, GrowsRefusesNullRemovesTheFirstMatchCopiesAreValuesAndIndexingC
 
   EXPECT_EQ(list[1], fake(3));
   EXPECT_THROW(list[-1], std::out_of_range);
-  try {
-    list[3];
-    ADD_FAILURE() << "index 3 of 3 was let through";
-  } catch (const std::out_of_range& error) {
-    EXPECT_STREQ(error.what(), "Invalid index!");
-  }
+  EXPECT_THAT([&] { list[3]; },
+              testing::ThrowsMessage<std::out_of_range>(testing::StrEq("Invalid index!")));
   list.clear();
   EXPECT_TRUE(list.isEmpty());
 }

@@ -52,14 +52,8 @@ int differingPixels(const sf::Image& one, const sf::Image& other) {
 
 bool hasRed(sf::Color c) { return c.r > 0; }
 
-class DisplayWindow : public testing::TestWithParam<bool> {
+class DisplayWindow : public mv_test::WindowTest {
  protected:
-  void start(const std::string& config) {
-    ASSERT_EQ(mv_test::startDisplay(config), 0);
-    DisplayManager::getInstance().setBatching(GetParam());
-  }
-
-  mv_test::ScratchDirectory scratch;
   DisplayManager& display = DisplayManager::getInstance();
 };
 
@@ -269,10 +263,7 @@ TEST_P(DisplayWindow, SavesWhatTheNextSwapShowsAsAPng) {
       "DisplayManager::saveScreenshot(): Error! Unable to write 'no-such-folder/screen.png'."));
 }
 
-INSTANTIATE_TEST_SUITE_P(BatchedAndOneByOne, DisplayWindow, testing::Bool(),
-                         [](const testing::TestParamInfo<bool>& info) {
-                           return info.param ? "batched" : "one_by_one";
-                         });
+INSTANTIATE_TEST_SUITE_P(BatchedAndOneByOne, DisplayWindow, testing::Bool(), mv_test::batchingName);
 
 TEST(DisplayWindowStartUp, TakesTheDesktopsSizeForZeroPixelsAndHoldsOddFontScales) {
   mv_test::ScratchDirectory scratch;

@@ -6,7 +6,6 @@
 #include "EventPath.h"
 #include "EventStep.h"
 #include "GameManager.h"
-#include "LogManager.h"
 #include "RecordingObject.h"
 #include "ResourceManager.h"
 #include "WorldTest.h"
@@ -173,22 +172,6 @@ TEST_F(ObjectTest, StepsGoThroughTheGameManagerAndDeletedObjectsLeaveEveryTable)
   world().update();
   EXPECT_EQ(mv::GameManager::getInstance().onEvent(&step), 0)
       << "the destructor unregistered the interest";
-}
-
-TEST_F(ObjectTest, AnObjectDrawsItsShapeOnlyWhenItHasOne) {
-  mv::Object* o = new mv::Object;
-  mv::LogManager::getInstance().setLogLevel(5);
-  const std::vector<std::string> lines = mv_test::logMessages(mv_test::stderrOf([&] {
-    o->draw();
-    mv::Shape circle;
-    circle.setType(mv::Shape::CIRCLE);
-    o->setShape(circle);
-    o->draw();
-  }));
-  EXPECT_EQ(
-      std::count(lines.begin(), lines.end(), "Shape::draw(): DisplayManager window not defined."),
-      1)
-      << "the shape is asked to draw once it has a type";
 }
 
 }  // namespace

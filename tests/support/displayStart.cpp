@@ -27,6 +27,15 @@ int startDisplay(const std::string& config) {
   return mv::DisplayManager::getInstance().startUp();
 }
 
+void WindowTest::start(const std::string& config) {
+  ASSERT_EQ(startDisplay(config), 0);
+  mv::DisplayManager::getInstance().setBatching(GetParam());
+}
+
+std::string batchingName(const testing::TestParamInfo<bool>& info) {
+  return info.param ? "batched" : "one_by_one";
+}
+
 sf::Image readWindowFromX() {
   sf::Image picture;
   Display* display = XOpenDisplay(nullptr);

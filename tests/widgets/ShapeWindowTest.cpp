@@ -3,7 +3,6 @@
 #include <SFML/Graphics.hpp>
 
 #include "DisplayManager.h"
-#include "ScratchDirectory.h"
 #include "Shape.h"
 #include "displayStart.h"
 
@@ -23,13 +22,9 @@ Shape leafShape(int type) {
   return shape;
 }
 
-class ShapeWindow : public testing::TestWithParam<bool> {
+class ShapeWindow : public mv_test::WindowTest {
  protected:
-  void SetUp() override {
-    ASSERT_EQ(mv_test::startDisplay(""), 0);
-    DisplayManager::getInstance().setBatching(GetParam());
-  }
-  mv_test::ScratchDirectory scratch;
+  void SetUp() override { start(); }
 };
 
 // At cell (10,5), whose corner is pixel (128,160), each figure of size 10 stands in its own place.
@@ -58,10 +53,9 @@ TEST_P(ShapeWindow, DrawsEachFigureWhereAndInTheColourItShould) {
 
   leafShape(Shape::UNDEFINED).draw(Vector(10, 5));
   const sf::Image none = mv_test::captureWindow();
-  for (unsigned y = 140; y < 190; ++y) {
-    for (unsigned x = 110; x < 160; ++x) {
-      ASSERT_EQ(none.getPixel(x, y), sf::Color::Black) << "the undefined type draws nothing";
-    }
+  for (const sf::Vector2u lit :
+       {sf::Vector2u(133, 165), sf::Vector2u(133, 161), sf::Vector2u(128, 161)}) {
+    EXPECT_EQ(none.getPixel(lit.x, lit.y), sf::Color::Black) << "the undefined type draws nothing";
   }
 }
 
@@ -80,9 +74,6 @@ TEST_P(ShapeWindow, LiesOverEarlierCellsAndUnderLaterOnes) {
   EXPECT_EQ(picture.getPixel(151, 133), LEAF) << "the circle beside that cell";
 }
 
-INSTANTIATE_TEST_SUITE_P(BatchedAndOneByOne, ShapeWindow, testing::Bool(),
-                         [](const testing::TestParamInfo<bool>& info) {
-                           return info.param ? "batched" : "one_by_one";
-                         });
+INSTANTIATE_TEST_SUITE_P(BatchedAndOneByOne, ShapeWindow, testing::Bool(), mv_test::batchingName);
 
 }  // namespace
