@@ -173,19 +173,11 @@ bool CellBatch::indexBackgrounds() {
   if (rows * columns > MOST_PLACES_PER_CELL * static_cast<std::int64_t>(cells.size())) {
     return false;
   }
-  // A counting sort: each place's backgrounds stand together, in the order they were drawn.
-  place_starts.assign(static_cast<std::size_t>(rows * columns) + 1, 0);
-  for (const Cell& cell : cells) {
-    place_starts[placeIndex(cell) + 1]++;
-  }
-  for (std::size_t place = 1; place < place_starts.size(); ++place) {
-    place_starts[place] += place_starts[place - 1];
-  }
-  backgrounds_by_place.resize(cells.size());
-  place_fill.assign(place_starts.begin(), place_starts.end() - 1);
-  for (std::size_t index = 0; index < cells.size(); ++index) {
-    backgrounds_by_place[place_fill[placeIndex(cells[index])]++] = index;
-  }
+  backgrounds_by_place.sort(static_cast<std::size_t>(rows * columns), [this](auto file) {
+    for (std::size_t index = 0; index < cells.size(); ++index) {
+      file(index, placeIndex(cells[index]));
+    }
+  });
   return true;
 }
 
@@ -208,11 +200,11 @@ void CellBatch::clipByLaterBackgrounds(std::size_t index, const sf::FloatRect& g
   for (std::int64_t row = top_row; row <= bottom_row; ++row) {
     for (std::int64_t column = left_column; column <= right_column; ++column) {
       const std::size_t place = static_cast<std::size_t>(row * columns + column);
-      for (std::size_t at = place_starts[place]; at < place_starts[place + 1]; ++at) {
-        if (backgrounds_by_place[at] > index) {
-          clip(backgroundOf(cells[backgrounds_by_place[at]]));
+      backgrounds_by_place.forEachIn(place, [&](std::size_t later) {
+        if (later > index) {
+          clip(backgroundOf(cells[later]));
         }
-      }
+      });
     }
   }
 }

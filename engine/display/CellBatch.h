@@ -12,6 +12,8 @@
 #include <cstdint>
 #include <vector>
 
+#include "BucketIndex.h"
+
 namespace sf {
 class RenderTarget;
 class Texture;
@@ -75,10 +77,8 @@ class CellBatch {
   std::int64_t first_column = 0;
   std::int64_t rows = 0;
   std::int64_t columns = 0;
-  // Where each place's backgrounds start in backgrounds_by_place, one past the end last.
-  std::vector<std::size_t> place_starts;
-  std::vector<std::size_t> place_fill;
-  std::vector<std::size_t> backgrounds_by_place;
+  // Each place's backgrounds, in the order they were drawn.
+  BucketIndex backgrounds_by_place;
   std::vector<sf::FloatRect> pieces;
   std::vector<sf::FloatRect> left_over;
 };

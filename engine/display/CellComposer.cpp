@@ -262,23 +262,13 @@ void CellComposer::composeDirtyTiles() {
     const int column = static_cast<int>(tile % static_cast<std::size_t>(tile_columns));
     const sf::IntRect area = tileArea(column, row, column + 1);
     fill(area, background_pixel);
-    for (std::size_t at = tile_starts[tile]; at < tile_starts[tile + 1]; ++at) {
-      paintCell(cells[cells_by_tile[at]], area);
-    }
+    cells_by_tile.forEachIn(tile, [&](std::size_t index) { paintCell(cells[index], area); });
   }
 }
 
-// A counting sort: each changed tile lists the cells that touch it, in drawing order.
+// Each changed tile lists the cells that touch it, in drawing order.
 void CellComposer::indexCellsByDirtyTile() {
-  tile_starts.assign(dirty.size() + 1, 0);
-  forEachDirtyTileOfEachCell([&](std::size_t, std::size_t tile) { tile_starts[tile + 1]++; });
-  for (std::size_t tile = 1; tile < tile_starts.size(); ++tile) {
-    tile_starts[tile] += tile_starts[tile - 1];
-  }
-  cells_by_tile.resize(tile_starts.back());
-  tile_fill.assign(tile_starts.begin(), tile_starts.end() - 1);
-  forEachDirtyTileOfEachCell(
-      [&](std::size_t index, std::size_t tile) { cells_by_tile[tile_fill[tile]++] = index; });
+  cells_by_tile.sort(dirty.size(), [this](auto file) { forEachDirtyTileOfEachCell(file); });
 }
 
 template <typename Visit>

@@ -17,6 +17,7 @@
 #include <memory>
 #include <vector>
 
+#include "BucketIndex.h"
 #include "GlyphMasks.h"
 #include "WindowPainter.h"
 
@@ -121,10 +122,8 @@ class CellComposer {
   std::size_t dirty_count = 0;
 
   // Kept between frames so that composing allocates nothing once warm.
-  // Where each tile's cells start in cells_by_tile, one past the end last.
-  std::vector<std::size_t> tile_starts;
-  std::vector<std::size_t> tile_fill;
-  std::vector<std::size_t> cells_by_tile;
+  // Each changed tile's cells, in drawing order.
+  BucketIndex cells_by_tile;
   std::vector<std::uint32_t> pixels;
   std::vector<std::uint32_t> upload_buffer;
   std::unique_ptr<sf::Texture> texture;
