@@ -15,6 +15,9 @@ namespace mv {
 
 namespace {
 
+// Where a cell stands in the world.
+Vector at(Cell c) { return Vector(static_cast<float>(c.x), static_cast<float>(c.y)); }
+
 // The straight-line distance, in double precision, narrowed as the nodes keep it.
 float straightLine(int dx, int dy) {
   return static_cast<float>(std::sqrt(static_cast<double>(dx * dx + dy * dy)));
@@ -29,9 +32,10 @@ Cell nearestCell(Vector position) {
 
 PathFind::PathFind(Object* object, Vector goal, Object* target)
     : object(object),
-      target(target),
       start(nearestCell(object->getPosition())),
       end(nearestCell(goal)),
+      target_box(target == nullptr ? std::nullopt
+                                   : std::optional<Box>(getWorldBox(target, at(end)))),
       swept(false),
       discoveries(0),
       open_count(0),
@@ -84,7 +88,7 @@ int PathFind::cycleOnce() {
   if (current == end) {
     found = true;
   }
-  if (target != nullptr && touchesTarget(current)) {
+  if (target_box && touchesTarget(current)) {
     found = true;
     end = current;
   }
@@ -131,10 +135,7 @@ void PathFind::reached(Cell c) {
 bool PathFind::anyOpen() const { return open_count > 0; }
 
 bool PathFind::touchesTarget(Cell c) const {
-  const Box here = getWorldBox(object, Vector(static_cast<float>(c.x), static_cast<float>(c.y)));
-  const Box there =
-      getWorldBox(target, Vector(static_cast<float>(end.x), static_cast<float>(end.y)));
-  return boxIntersectsBox(here, there);
+  return boxIntersectsBox(getWorldBox(object, at(c)), *target_box);
 }
 
 // The row above first, each row from the left.
@@ -206,8 +207,7 @@ void PathFind::markCellsMet(const Object* hard) {
   const int y_from = std::max(0, static_cast<int>(std::floor(top - mine.getVertical())) - 1);
   const int y_to =
       std::min(graph_height - 1, static_cast<int>(std::ceil(top + theirs.getVertical())) + 1);
-  const bool holds_end =
-      boxContainsPosition(theirs, Vector(static_cast<float>(end.x), static_cast<float>(end.y)));
+  const bool holds_end = boxContainsPosition(theirs, at(end));
   for (int y = y_from; y <= y_to; y++) {
     for (int x = x_from; x <= x_to; x++) {
       const Box there = getWorldBox(object, Vector(static_cast<float>(x), static_cast<float>(y)));
@@ -229,9 +229,7 @@ bool PathFind::isBlocked(const Object* o, int x, int y, Cell end_cell) const {
       o, Vector(static_cast<float>(x), static_cast<float>(y)));
   for (int i = 0; i < in_the_way.getCount(); i++) {
     if (in_the_way[i]->getSolidness() == HARD) {
-      return !boxContainsPosition(
-          getWorldBox(in_the_way[i]),
-          Vector(static_cast<float>(end_cell.x), static_cast<float>(end_cell.y)));
+      return !boxContainsPosition(getWorldBox(in_the_way[i]), at(end_cell));
     }
   }
   return false;
@@ -244,9 +242,9 @@ Path PathFind::getPath() const {
   }
   std::vector<Vector> nodes;
   for (Cell c = end; !(c == start); c = nodeAt(c).parent) {
-    nodes.emplace_back(static_cast<float>(c.x), static_cast<float>(c.y));
+    nodes.push_back(at(c));
   }
-  nodes.emplace_back(static_cast<float>(start.x), static_cast<float>(start.y));
+  nodes.push_back(at(start));
   std::reverse(nodes.begin(), nodes.end());
   path.setNodes(std::move(nodes));
   return path;

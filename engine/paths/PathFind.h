@@ -7,9 +7,11 @@
 // tells which cells they block, so an expansion costs little.
 #pragma once
 
+#include <optional>
 #include <queue>
 #include <vector>
 
+#include "Box.h"
 #include "Cell.h"
 #include "Path.h"
 #include "Vector.h"
@@ -91,9 +93,12 @@ class PathFind {
   void markCellsMet(const Object* hard);
 
   Object* object;
-  Object* target;
   Cell start;
   Cell end;
+  // The target's box standing on `end`, where the object first touching it
+  // ends the search. Taken once, so that a target deleted during the search
+  // is never read.
+  std::optional<Box> target_box;
   // Row by row, `graph_width` nodes each; it keeps the size it was made with,
   // so a boundary that changes during the search never takes it out of bounds.
   std::vector<Node> node_graph;
