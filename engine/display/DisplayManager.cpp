@@ -510,6 +510,9 @@ void DisplayManager::Graphics::paintPicture() {
 }
 
 void DisplayManager::Graphics::drawPending() {
+  if (window == nullptr) {
+    return;
+  }
   paintPicture();
   drawBatch();
 }
@@ -562,7 +565,7 @@ int DisplayManager::saveScreenshot(std::string file) {
 }
 
 void DisplayManager::setBatching(bool batched) {
-  graphics->drawBatch();
+  graphics->drawPending();
   batching = batched;
 }
 
