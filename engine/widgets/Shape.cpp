@@ -142,7 +142,7 @@ int Shape::deserialize(std::stringstream& stream) {
   unsigned char new_opacity;
   if (in.readInt(new_type) && in.readFloat(new_size) && in.readInt(new_color) &&
       in.readByte(new_opacity)) {
-    type = new_type;
+    setType(new_type);
     size = new_size;
     color = static_cast<Color>(new_color);
     opacity = new_opacity;
