@@ -1,8 +1,8 @@
 #include "GameManager.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <cstdlib>
 #include <filesystem>
 
@@ -86,12 +86,10 @@ TEST(GameManagerStartUp, WithEveryLevelShownTellsEachStepInOrderAndSeedsAsConfig
                                           "** Game engine stopped **",
                                           "LogManager::shutDown(): successfully stopped."}));
 
-  const auto seeded = [](const std::vector<std::string>& messages) {
-    return std::any_of(messages.begin(), messages.end(),
-                       [](const std::string& m) { return m.find("srand() seed with") != m.npos; });
-  };
-  EXPECT_FALSE(seeded(startAndStop(scratch, "random_seed:-1,"))) << "-1 leaves the generator alone";
-  EXPECT_TRUE(seeded(startAndStop(scratch, "random_seed:0,"))) << "0 seeds from the time";
+  const auto seeded = testing::Contains(testing::HasSubstr("srand() seed with"));
+  EXPECT_THAT(startAndStop(scratch, "random_seed:-1,"), testing::Not(seeded))
+      << "-1 leaves the generator alone";
+  EXPECT_THAT(startAndStop(scratch, "random_seed:0,"), seeded) << "0 seeds from the time";
 }
 
 TEST(GameManagerStartUp, FailingLogStopsTheStartAndShutDownStillEndsCleanly) {

@@ -3,7 +3,6 @@
 // same path, whatever the obstacles.
 #include <gtest/gtest.h>
 
-#include <memory>
 #include <random>
 
 #include "PathFind.h"
