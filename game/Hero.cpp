@@ -189,12 +189,13 @@ int Hero::eventHandler(const mv::Event* event) {
 
 void Hero::keyboard(const mv::EventKeyboard* event) {
   upgradeByKey(event);
+  // Escape ends the game, yet the move that a held key has due is still taken.
   if (event->getKey() == mv::Keyboard::ESCAPE && event->getKeyboardAction() == mv::KEY_DOWN) {
     new GameOver;
     world().markForDelete(this);
-    return;
+  } else {
+    holdMovementKey(event);
   }
-  holdMovementKey(event);
   move();
 }
 

@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <cstdlib>
+#include <cstring>
 #include <ctime>
 
 #include "Clock.h"
@@ -29,7 +30,8 @@ LogManager& log() { return LogManager::getInstance(); }
 
 }  // namespace
 
-GameManager::GameManager() : game_over(false), frame_time(33), step_count(0) {
+GameManager::GameManager()
+    : game_over(false), frame_time(33), step_count(0), stopped_by_signal(false) {
   setType("GameManager");
 }
 
@@ -42,6 +44,8 @@ int GameManager::startUp() {
   if (refuseSecondStart()) {
     return -1;
   }
+  stopped_by_signal = false;
+  platform::catchStopSignals();
   Config::getInstance().loadConfig("");
 
   if (LogManager::getInstance().startUp() != 0) {
@@ -146,6 +150,7 @@ void GameManager::seedRandomGenerator() const {
 
 void GameManager::shutDown() {
   game_over = true;
+  platform::releaseStopSignals();
   if (platform::endTimerPeriod(1) == platform::TIMER_NO_CAN_DO) {
     log().writeLog(1, "GameManager()::shutDown(): Warning! timeEndPeriod() cannot accept 1 msec.");
   }
@@ -176,9 +181,10 @@ void GameManager::run() {
   Clock clock;
   FramePacer pacer(frame_time);
   log().writeLog(1, "GameManager::run(): starting game loop");
-  game_over = false;
+  // After a stop signal no frame runs, and the program goes on to shut down.
+  game_over = stopped_by_signal;
   step_count = 0;
-  do {
+  while (!game_over) {
     clock.delta();
     const EventStep step(step_count);
     onEvent(&step);
@@ -202,8 +208,25 @@ void GameManager::run() {
                      split / 1000);
     }
     step_count++;
-  } while (!game_over);
+    noticeStopSignal();
+  }
   log().writeLog(1, "GameManager::run(): end of game loop");
+}
+
+// A stop signal (Ctrl-C in the terminal, or a desktop that logs out) ends the
+// loop at the end of the frame in which it came, as Q does, so that the
+// engine shuts down in order and the log is whole. A second one, from then
+// on, ends the program at once.
+void GameManager::noticeStopSignal() {
+  const int signal_number = platform::caughtStopSignal();
+  if (signal_number == 0 || stopped_by_signal) {
+    return;
+  }
+  stopped_by_signal = true;
+  platform::releaseStopSignals();
+  log().writeLog("GameManager::run(): Caught signal %d (%s). Ending the game.", signal_number,
+                 strsignal(signal_number));
+  game_over = true;
 }
 
 // New connections first, then what came in, whose handlers may queue answers

@@ -22,7 +22,8 @@ class GameManager : public Manager {
   // Stops whatever is started, in the reverse order of starting.
   void shutDown() override;
 
-  // Runs frames until something sets game over; may be entered again.
+  // Runs frames until something sets game over, or SIGINT, SIGTERM or SIGHUP
+  // comes; may be entered again, but runs no frame after such a signal.
   void run();
 
   bool isValid(std::string event_type) const override;
@@ -39,10 +40,12 @@ class GameManager : public Manager {
   void seedRandomGenerator() const;
   void pollNetwork() const;
   void stopIfStarted(Manager& manager, const char* stopped_line);
+  void noticeStopSignal();
 
   bool game_over;
   int frame_time;
   int step_count;
+  bool stopped_by_signal;
 };
 
 }  // namespace mv

@@ -1,5 +1,8 @@
 #include "platform.h"
 
+#include <signal.h>
+
+#include <atomic>
 #include <chrono>
 #include <cstdlib>
 #include <thread>
@@ -30,6 +33,40 @@ int random15() { return std::rand() & 0x7fff; }
 int beginTimerPeriod(int milliseconds) { return milliseconds >= 1 ? 0 : TIMER_NO_CAN_DO; }
 
 int endTimerPeriod(int milliseconds) { return milliseconds >= 1 ? 0 : TIMER_NO_CAN_DO; }
+
+namespace {
+
+constexpr int STOP_SIGNALS[] = {SIGINT, SIGTERM, SIGHUP};
+
+// Lock-free, so that a handler may set it on whichever thread the signal comes to.
+std::atomic<int> caught_stop_signal{0};
+static_assert(std::atomic<int>::is_always_lock_free);
+
+// A handler may do little safely; the frame loop looks at the flag.
+extern "C" void keepStopSignal(int signal_number) { caught_stop_signal = signal_number; }
+
+void handleStopSignalsWith(void (*handler)(int), int flags) {
+  struct sigaction action = {};
+  action.sa_handler = handler;
+  action.sa_flags = flags;
+  sigemptyset(&action.sa_mask);
+  for (int signal_number : STOP_SIGNALS) {
+    sigaction(signal_number, &action, nullptr);
+  }
+}
+
+}  // namespace
+
+void catchStopSignals() {
+  caught_stop_signal = 0;
+  // Once caught, a signal takes back its default action, so that a second one
+  // ends a program whose shut-down hangs. Calls that it interrupts go on.
+  handleStopSignalsWith(keepStopSignal, SA_RESETHAND | SA_RESTART);
+}
+
+int caughtStopSignal() { return caught_stop_signal; }
+
+void releaseStopSignals() { handleStopSignalsWith(SIG_DFL, 0); }
 
 }  // namespace platform
 }  // namespace mv

@@ -1,5 +1,6 @@
 // The few operating-system services the engine needs, behind names of its own:
-// a monotonic microsecond source, a millisecond sleep and the system timer period.
+// a monotonic microsecond source, a millisecond sleep, the system timer period
+// and the signals that ask the program to stop.
 #pragma once
 
 #include <cstdint>
@@ -25,6 +26,17 @@ int random15();
 // Asks for a system timer period of `milliseconds`: 0 when granted, else TIMER_NO_CAN_DO.
 int beginTimerPeriod(int milliseconds);
 int endTimerPeriod(int milliseconds);
+
+// From now on SIGINT, SIGTERM and SIGHUP ask the program to stop instead of
+// ending it: the first one to come is kept for caughtStopSignal to tell.
+// The same signal again ends the program at once.
+void catchStopSignals();
+
+// The stop signal caught since catchStopSignals, or 0.
+int caughtStopSignal();
+
+// The three signals end the program at once again; a signal caught before is still told.
+void releaseStopSignals();
 
 }  // namespace platform
 }  // namespace mv

@@ -12,6 +12,7 @@
 #include "LogManager.h"
 #include "WindowPainter.h"
 #include "colorToSFML.h"
+#include "windowOnDesktop.h"
 #include "geometry.h"
 #include "utility.h"
 
@@ -66,6 +67,36 @@ bool endsWithPng(const std::string& file) {
 void rgbOf(Color color, unsigned char& r, unsigned char& g, unsigned char& b) {
   r = g = b = 255;
   colorToRGB(color, r, g, b);
+}
+
+// Zero takes the desktop's side. A window asked for larger than the desktop
+// is made smaller, with the same cells; a full screen takes its size as asked.
+sf::Vector2i windowSizeOnDesktop(sf::Vector2i configured, sf::Vector2i cells,
+                                 sf::Vector2i desktop, bool fullscreen) {
+  if (configured.x == 0 || configured.y == 0) {
+    return {configured.x == 0 ? desktop.x : configured.x,
+            configured.y == 0 ? desktop.y : configured.y};
+  }
+  if (fullscreen) {
+    return configured;
+  }
+  const sf::Vector2i fitted = fitOnDesktop(configured, cells, desktop);
+  if (fitted != configured) {
+    log().writeLog(
+        "DisplayManager::startUp(): A window of %d by %d pixels does not fit a desktop of %d by "
+        "%d: it is drawn at %d by %d.",
+        configured.x, configured.y, desktop.x, desktop.y, fitted.x, fitted.y);
+  }
+  return fitted;
+}
+
+// A window is placed by the display itself, not left to where it first opens,
+// which is not always on the screen.
+void placeOnDesktop(sf::RenderWindow& window, sf::Vector2i desktop) {
+  const sf::Vector2i corner = centreOnDesktop(sf::Vector2i(window.getSize()), desktop);
+  window.setPosition(corner);
+  log().writeLog(5, "DisplayManager::startUp(): window placed at (%d, %d) on a desktop of %d by %d.",
+                 corner.x, corner.y, desktop.x, desktop.y);
 }
 
 }  // namespace
@@ -219,29 +250,36 @@ int DisplayManager::createWindow() {
     log().writeLog("DisplayManager::startUp(): Unable to allocate window!");
     return -1;
   }
-  const sf::VideoMode desktop = sf::VideoMode::getDesktopMode();
-  log().writeLog(5, "DisplayManager::startUp(): window resolution (%d, %d) pixels.",
-                 static_cast<int>(desktop.width), static_cast<int>(desktop.height));
-  if (window_horizontal_pixels == 0) {
-    window_horizontal_pixels = static_cast<int>(desktop.width);
-  }
-  if (window_vertical_pixels == 0) {
-    window_vertical_pixels = static_cast<int>(desktop.height);
-  }
-
+  const sf::VideoMode desktop_mode = sf::VideoMode::getDesktopMode();
+  const sf::Vector2i desktop(static_cast<int>(desktop_mode.width),
+                             static_cast<int>(desktop_mode.height));
+  log().writeLog(5, "DisplayManager::startUp(): window resolution (%d, %d) pixels.", desktop.x,
+                 desktop.y);
   const Config& config = Config::getInstance();
+  const bool fullscreen = config.getWindowState() == 1;
+  const sf::Vector2i size = windowSizeOnDesktop(
+      sf::Vector2i(window_horizontal_pixels, window_vertical_pixels),
+      sf::Vector2i(window_horizontal_chars, window_vertical_chars), desktop, fullscreen);
+
   sf::Uint32 style = static_cast<sf::Uint32>(config.getWindowStyle());
-  if (config.getWindowState() == 1) {
+  if (fullscreen) {
     style |= sf::Style::Fullscreen;
   }
-  const sf::VideoMode mode(static_cast<unsigned>(window_horizontal_pixels),
-                           static_cast<unsigned>(window_vertical_pixels), 32);
+  const sf::VideoMode mode(static_cast<unsigned>(size.x), static_cast<unsigned>(size.y), 32);
   std::unique_ptr<sf::RenderWindow>& window = graphics->window;
   window.reset(new (std::nothrow)
                    sf::RenderWindow(mode, config.getWindowTitle(), style, sf::ContextSettings()));
   if (window == nullptr || !window->isOpen()) {
     log().writeLog("DisplayManager::startUp(): Unable to allocate window!");
     return -1;
+  }
+  // Cells convert to pixels by the size the window was given, which is not
+  // always the size asked for.
+  const sf::Vector2u given = window->getSize();
+  window_horizontal_pixels = static_cast<int>(given.x);
+  window_vertical_pixels = static_cast<int>(given.y);
+  if (!fullscreen) {
+    placeOnDesktop(*window, desktop);
   }
   window->setMouseCursorVisible(config.getShowMouse());
   window->setVerticalSyncEnabled(true);

@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <csignal>
 #include <cstdlib>
 #include <filesystem>
 
@@ -145,6 +146,67 @@ TEST(GameManagerRun, AFrameThatSetsGameOverRunsToItsEndEachRunCountsFromZeroAndS
 
   EXPECT_EQ(mv_test::readFile("morvane.log").find("Can't keep up"), std::string::npos)
       << "a frame time of 0 runs flat out without complaint";
+}
+
+// Ctrl-C, a closed terminal and a desktop that logs out each end the game as Q does.
+TEST(GameManagerRun, AStopSignalEndsTheRunAtTheEndOfItsFrameAndTheEngineStopsInOrder) {
+  const struct {
+    int signal_number;
+    const char* name;
+  } signals[] = {{SIGINT, "Interrupt"}, {SIGTERM, "Terminated"}, {SIGHUP, "Hangup"}};
+  for (const auto& s : signals) {
+    SCOPED_TRACE(s.name);
+    mv_test::ScratchDirectory scratch;
+    scratch.write("mv-config.txt", HEADLESS + "frame_time:0,");
+    GameManager& game = GameManager::getInstance();
+    ASSERT_EQ(game.startUp(), 0);
+    auto* counter = new mv_test::RecordingObject("counter", mv::Vector(1, 1), mv::SPECTRAL);
+    counter->registerInterest("mv-step");
+    int steps = 0;
+    counter->on_event = [&](const mv::Event*) {
+      if (++steps == 2) {
+        std::raise(s.signal_number);
+      }
+    };
+    game.run();
+    EXPECT_EQ(game.getStepCount(), 2) << "the frame of the signal runs to its end";
+    game.run();
+    EXPECT_EQ(steps, 2) << "a later run runs no frame";
+    game.shutDown();
+    const std::vector<std::string> log = mv_test::logFileMessages();
+    ASSERT_GE(log.size(), 3u);
+    EXPECT_EQ(std::vector<std::string>(log.end() - 3, log.end()),
+              (std::vector<std::string>{"GameManager::run(): Caught signal " +
+                                            std::to_string(s.signal_number) + " (" + s.name +
+                                            "). Ending the game.",
+                                        STARS, "** Game engine stopped **"}));
+  }
+}
+
+TEST(GameManagerRun, ASecondStopSignalEndsTheProgramAtOnce) {
+  testing::FLAGS_gtest_death_test_style = "threadsafe";
+  mv_test::ScratchDirectory scratch;
+  scratch.write("mv-config.txt", HEADLESS);
+  GameManager& game = GameManager::getInstance();
+  EXPECT_EXIT(
+      {
+        game.startUp();
+        std::raise(SIGTERM);
+        std::raise(SIGTERM);
+        std::exit(0);
+      },
+      testing::KilledBySignal(SIGTERM), "")
+      << "the same signal twice before the frame ends";
+  EXPECT_EXIT(
+      {
+        game.startUp();
+        std::raise(SIGINT);
+        game.run();
+        std::raise(SIGHUP);
+        std::exit(0);
+      },
+      testing::KilledBySignal(SIGHUP), "")
+      << "any of them once the loop has seen the first";
 }
 
 }  // namespace

@@ -237,8 +237,6 @@ TEST(DisplayWindowBatches, ShowPicturesAloneInTheWindowAsCaptured) {
                                   "window_horizontal_pixels:1256,window_vertical_pixels:768,"),
             0);
   DisplayManager& display = DisplayManager::getInstance();
-  // X keeps no pixels of a window outside the screen.
-  display.getWindow()->setPosition(sf::Vector2i(0, 0));
   const auto steady = [] { mv_scenes::drawSlowlyChangingScreen(0, 50); };
   const auto changed = [] { mv_scenes::drawSlowlyChangingScreen(1, 50); };
   const sf::Image captured[] = {drawnAs(COMPOSED, steady), drawnAs(COMPOSED, changed)};

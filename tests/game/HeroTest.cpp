@@ -6,6 +6,7 @@
 #include "Bullet.h"
 #include "Chair.h"
 #include "GameTest.h"
+#include "InputManager.h"
 #include "Gunrobot.h"
 #include "WorldManager.h"
 
@@ -46,6 +47,16 @@ TEST_F(HeroTest, AMoveEveryOtherStepByTheFirstFittingRowOfHeldKeysAndOnlyInsideT
     hold(c.held, c.steps);
     EXPECT_EQ(hero->getPosition() - c.from, c.moved);
   }
+
+  // Escape ends the game and still takes the move that the held D has due.
+  Hero* hero = heroAlone();
+  hero->setPosition(Vector(50, 24));
+  hold({Key::D}, 1);
+  step();
+  input.held_keys = {Key::Escape};
+  mv::InputManager::getInstance().getInput();
+  EXPECT_EQ(all("GameOver").size(), 1u);
+  EXPECT_EQ(hero->getPosition(), Vector(52, 24));
 }
 
 TEST_F(HeroTest, AVolleyGoesAtTheMouseEveryThirtyStepsWithItsOtherBulletsStrayingALittle) {

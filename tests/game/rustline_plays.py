@@ -4,16 +4,19 @@ server named by DISPLAY: waits for the start screen, presses P, holds D,
 aims at the nearest robot and fires with the left button held until one is
 destroyed, presses Escape, sees the end screen and then the start screen
 again, and presses Q. The program must exit 0 with no "Error!" line in its log.
+With --signal it instead sends SIGTERM on the start screen, as a desktop that
+logs out does: the program must exit 0 with its log whole.
 
 The screen is read back with the X server's own screenshot (xwd), and things
 are told apart by the colour their sprite files give them. A screenshot of
-each stage is kept in the output folder.
+each stage is kept in the output folder, and one of the whole screen in play.
 
-    rustline_plays.py RUSTLINE PLAY_FOLDER OUTPUT_FOLDER
+    rustline_plays.py [--signal] RUSTLINE PLAY_FOLDER OUTPUT_FOLDER
 """
 
 import os
 import shutil
+import signal
 import subprocess
 import sys
 import tempfile
@@ -26,6 +29,9 @@ RGB = {
     "cyan": (0, 255, 255), "white": (255, 255, 255),
 }
 ENEMIES = ["chair", "gunrobot", "wrenchrobot", "furnace", "furnace-active"]
+# The start and end screens fill the middle of the window: many cells of
+# their colour, where shots of the same colour make only a few.
+CENTRE = dict(columns=range(50, 107), rows=range(14, 34), at_least=60)
 
 
 class Failure(Exception):
@@ -39,10 +45,12 @@ def color_code(rgb):
 
 def pixel_codes(pixels):
     """The colour code of each pixel of an RGB picture, and 64 or more for a
-    pixel that is no pure colour (the soft edge of a glyph). Worked out on
-    whole channels at once, as big numbers, which keeps it fast in Python."""
+    pixel too faint to tell (the soft edge of a glyph). A glyph's ink is its
+    colour times its coverage, so a channel at half or more counts as lit:
+    small glyphs have few pixels at full colour. Worked out on whole channels
+    at once, as big numbers, which keeps it fast in Python."""
     def channel(offset, value):
-        table = bytes(value if v == 255 else 0 if v == 0 else 64 for v in range(256))
+        table = bytes(value if v >= 128 else 0 if v == 0 else 64 for v in range(256))
         return int.from_bytes(pixels[offset::3].translate(table), "big")
     total = channel(0, 4) + channel(1, 2) + channel(2, 1)
     return total.to_bytes(len(pixels) // 3, "big")
@@ -60,14 +68,27 @@ def sprite_color(sprites, name):
     return RGB[lines[4]]
 
 
+# The smallest cells in which this test tells sprites apart by their colour:
+# those of a screen of 1366 by 768 or 1280 by 1024.
+SMALLEST_CELL = (7, 14)
+
+
+def output_of(command, given=None):
+    return subprocess.run(command, input=given, check=True, capture_output=True).stdout
+
+
+def save_whole_screen(path):
+    """The whole X screen as a player sees it, window and all, as a PNG file."""
+    picture = output_of(["xwdtopnm"], output_of(["xwd", "-silent", "-root"]))
+    with open(path, "wb") as f:
+        f.write(output_of(["pnmtopng"], picture))
+
+
 class Screen:
     """One screenshot of the game's window, with its cell grid."""
 
     def __init__(self, window, columns, rows):
-        xwd = subprocess.run(["xwd", "-silent", "-id", window], check=True,
-                             capture_output=True).stdout
-        self.ppm = subprocess.run(["xwdtopnm"], input=xwd, check=True,
-                                  capture_output=True).stdout
+        self.ppm = output_of(["xwdtopnm"], output_of(["xwd", "-silent", "-id", window]))
         header, self.width, self.height, pixels = self.parse(self.ppm)
         self.codes = pixel_codes(pixels)
         self.cell_width = self.width / columns
@@ -105,8 +126,7 @@ class Screen:
 
     def save(self, path):
         with open(path, "wb") as f:
-            f.write(subprocess.run(["pnmtopng"], input=self.ppm, check=True,
-                                   capture_output=True).stdout)
+            f.write(output_of(["pnmtopng"], self.ppm))
 
 
 class Game:
@@ -124,7 +144,7 @@ class Game:
         env = {k: v for k, v in os.environ.items() if not k.startswith("MORVANE_")}
         env["ALSOFT_DRIVERS"] = "null"
         self.process = subprocess.Popen([rustline], cwd=self.workdir, env=env)
-        self.window = self.find_window()
+        self.window = None
 
     def grid_size(self):
         settings = open(os.path.join(self.workdir, "mv-config.txt")).read().replace("\n", "")
@@ -138,14 +158,33 @@ class Game:
             found = subprocess.run(["xdotool", "search", "--onlyvisible", "--name", "^Rustline$"],
                                    capture_output=True, text=True).stdout.split()
             if found:
-                # Without a window manager the window may open partly off the screen.
-                subprocess.run(["xdotool", "windowmove", "--sync", found[0], "0", "0"], check=True)
+                self.check_screen(found[0])
                 subprocess.run(["xdotool", "windowfocus", "--sync", found[0]], check=True)
                 return found[0]
             if self.process.poll() is not None:
                 raise Failure("rustline ended before its window opened")
             time.sleep(0.2)
         raise Failure("no Rustline window within 30 seconds")
+
+    def check_screen(self, window):
+        """Fails at once, saying why, when the X screen cannot show the whole
+        window with cells large enough for this test to read."""
+        screen = [int(n) for n in subprocess.run(
+            ["xdotool", "getdisplaygeometry"], check=True, capture_output=True,
+            text=True).stdout.split()]
+        shape = dict(line.split("=", 1) for line in subprocess.run(
+            ["xdotool", "getwindowgeometry", "--shell", window], check=True,
+            capture_output=True, text=True).stdout.split())
+        x, y, width, height = (int(shape[k]) for k in ("X", "Y", "WIDTH", "HEIGHT"))
+        cell = (width / self.columns, height / self.rows)
+        on_screen = x >= 0 and y >= 0 and x + width <= screen[0] and y + height <= screen[1]
+        if not on_screen or cell[0] < SMALLEST_CELL[0] or cell[1] < SMALLEST_CELL[1]:
+            raise Failure(
+                "the X screen of %d by %d pixels cannot show the whole window so that this test "
+                "can read it: the window is %d by %d pixels at (%d, %d), cells of %.1f by %.1f; "
+                "the test needs it all on the screen with cells of at least %d by %d"
+                % (screen[0], screen[1], width, height, x, y, cell[0], cell[1],
+                   SMALLEST_CELL[0], SMALLEST_CELL[1]))
 
     def screen(self):
         return Screen(self.window, self.columns, self.rows)
@@ -190,7 +229,7 @@ class Game:
 GAMES_TO_TRY = 3
 
 
-def shoot_a_robot(game, centre):
+def shoot_a_robot(game):
     """Starts a game, fires at the nearest robot until one falls, and answers
     the screen that shows its points; None if the hero fell first."""
     game.xdotool("keydown", "p")
@@ -201,6 +240,7 @@ def shoot_a_robot(game, centre):
     room = game.wait_for("both pieces of scenery", lambda s: game.shows("cactus", s, rows=[43, 44, 45])
                          and game.shows("tnt", s, rows=[2, 3, 4]))
     room.save(os.path.join(game.output, "room.png"))
+    save_whole_screen(os.path.join(game.output, "room-on-screen.png"))
     points_before = game.points_cells(room)
 
     game.xdotool("keydown", "d")
@@ -215,7 +255,7 @@ def shoot_a_robot(game, centre):
         shot = game.screen()
         if game.points_cells(shot) > points_before:
             break
-        if game.shows("gameover", shot, **centre):
+        if game.shows("gameover", shot, **CENTRE):
             shot.save(os.path.join(game.output, "hero-fell.png"))
             game.xdotool("mouseup", "1")
             return None
@@ -241,48 +281,60 @@ def shoot_a_robot(game, centre):
 
 
 def play(game):
-    # The start and end screens fill the middle of the window: many cells of
-    # their colour, where shots of the same colour make only a few.
-    centre = dict(columns=range(50, 107), rows=range(14, 34), at_least=60)
-    start = game.wait_for("the start screen", lambda s: game.shows("gamestart", s, **centre), 60)
+    start = game.wait_for("the start screen", lambda s: game.shows("gamestart", s, **CENTRE), 60)
     start.save(os.path.join(game.output, "start-screen.png"))
 
     # Rooms are drawn at random, and a room of gun robots can bring the hero
     # down before he hits one: as a person would, the test then plays again.
     for attempt in range(1, GAMES_TO_TRY + 1):
-        shot = shoot_a_robot(game, centre)
+        shot = shoot_a_robot(game)
         if shot is not None:
             break
         if attempt == GAMES_TO_TRY:
             raise Failure("no robot destroyed in %d games: the Points display never grew"
                           % GAMES_TO_TRY)
         game.wait_for("the start screen after a fall",
-                      lambda s: game.shows("gamestart", s, **centre) and
+                      lambda s: game.shows("gamestart", s, **CENTRE) and
                       not game.shows("wall-horizontal", s, rows=[7, 40]))
     shot.save(os.path.join(game.output, "robot-destroyed.png"))
 
     game.press("Escape")
-    end = game.wait_for("the end screen", lambda s: game.shows("gameover", s, **centre))
+    end = game.wait_for("the end screen", lambda s: game.shows("gameover", s, **CENTRE))
     end.save(os.path.join(game.output, "end-screen.png"))
     game.wait_for("the start screen again",
-                  lambda s: game.shows("gamestart", s, **centre) and
+                  lambda s: game.shows("gamestart", s, **CENTRE) and
                   not game.shows("wall-horizontal", s, rows=[7, 40]))
 
     game.press("q")
+    check_exit(game, "Q")
+
+
+def stop_by_signal(game):
+    game.wait_for("the start screen", lambda s: game.shows("gamestart", s, **CENTRE), 60)
+    game.process.send_signal(signal.SIGTERM)
+    check_exit(game, "SIGTERM")
+
+
+def check_exit(game, ended_by):
     code = game.process.wait(timeout=30)
     if code != 0:
-        raise Failure("rustline exited with %d" % code)
-    log = open(os.path.join(game.workdir, "morvane.log")).read()
-    errors = [line for line in log.splitlines() if "Error!" in line]
+        raise Failure("rustline exited with %d after %s" % (code, ended_by))
+    log = open(os.path.join(game.workdir, "morvane.log")).read().splitlines()
+    errors = [line for line in log if "Error!" in line]
     if errors:
         raise Failure("the log holds errors:\n" + "\n".join(errors))
+    if not log or not log[-1].endswith("** Game engine stopped **"):
+        raise Failure("after %s the log ends before the engine's stop line" % ended_by)
 
 
 def main():
-    rustline, play_folder, output = sys.argv[1:4]
+    arguments = sys.argv[1:]
+    by_signal = arguments[:1] == ["--signal"]
+    rustline, play_folder, output = arguments[1:4] if by_signal else arguments[0:3]
     game = Game(rustline, play_folder, output)
     try:
-        play(game)
+        game.window = game.find_window()
+        stop_by_signal(game) if by_signal else play(game)
     except (Failure, subprocess.SubprocessError) as failure:
         print("FAILED:", failure)
         log = os.path.join(game.workdir, "morvane.log")
@@ -293,7 +345,8 @@ def main():
         if game.process.poll() is None:
             game.process.kill()
         shutil.rmtree(game.scratch, ignore_errors=True)
-    print("rustline played from the start screen through a room and the end screen, and left")
+    print("rustline stopped on SIGTERM with its log whole" if by_signal else
+          "rustline played from the start screen through a room and the end screen, and left")
     return 0
 
 

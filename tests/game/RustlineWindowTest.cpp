@@ -1,0 +1,103 @@
+// Rustline's own window on the screen it finds, read back from the X server.
+// The build runs this case on screens of 1920 by 1080, 1280 by 1024 and 1366
+// by 768 pixels.
+#include <gtest/gtest.h>
+
+#include <SFML/Graphics/RenderWindow.hpp>
+#include <chrono>
+#include <cmath>
+#include <cstdlib>
+#include <string>
+#include <thread>
+
+#include "DisplayManager.h"
+#include "EventMouse.h"
+#include "InputManager.h"
+#include "RecordingObject.h"
+#include "WorldTest.h"
+#include "displayStart.h"
+
+// Last: Xlib defines macros that would clash with names in SFML's headers.
+#include <X11/Xlib.h>
+
+namespace {
+
+using mv::Vector;
+
+struct Rectangle {
+  int x, y, width, height;
+};
+
+Rectangle onScreen(Display* x, Window window) {
+  XWindowAttributes attributes;
+  XGetWindowAttributes(x, window, &attributes);
+  Rectangle r{0, 0, attributes.width, attributes.height};
+  Window child;
+  XTranslateCoordinates(x, window, DefaultRootWindow(x), 0, 0, &r.x, &r.y, &child);
+  return r;
+}
+
+class RustlineWindow : public mv_test::WorldTest {};
+
+TEST_F(RustlineWindow, LiesWhollyOnTheScreenWithItsCellsWhereAClickFindsThem) {
+  scratch.write("mv-config.txt",
+                mv_test::readFile(std::string(RUSTLINE_DATA) + "/play/mv-config.txt"));
+  ASSERT_EQ(mv_test::startDisplay(""), 0);
+  ASSERT_EQ(mv::InputManager::getInstance().startUp(), 0);
+  mv::DisplayManager& display = mv::DisplayManager::getInstance();
+  ASSERT_EQ(display.getHorizontalChars(), 157);
+  ASSERT_EQ(display.getVerticalChars(), 48);
+
+  Display* x = XOpenDisplay(nullptr);
+  ASSERT_NE(x, nullptr);
+  const int screen_width = DisplayWidth(x, DefaultScreen(x));
+  const int screen_height = DisplayHeight(x, DefaultScreen(x));
+  SCOPED_TRACE(testing::Message() << "a screen of " << screen_width << " by " << screen_height);
+  const Window window = display.getWindow()->getSystemHandle();
+  XSync(x, False);
+  const Rectangle shown = onScreen(x, window);
+  XCloseDisplay(x);
+  EXPECT_GE(shown.x, 0);
+  EXPECT_GE(shown.y, 0);
+  EXPECT_LE(shown.x + shown.width, screen_width);
+  EXPECT_LE(shown.y + shown.height, screen_height);
+  if (screen_width >= 1920 && screen_height >= 1080) {
+    EXPECT_EQ(shown.width, 1570);
+    EXPECT_EQ(shown.height, 960);
+  } else {
+    EXPECT_LT(shown.width, 1570);
+    EXPECT_EQ(shown.width * 2 * 48, shown.height * 157) << "cells twice as high as wide";
+  }
+  EXPECT_EQ(shown.width, display.getHorizontalPixels());
+  EXPECT_EQ(shown.height, display.getVerticalPixels());
+
+  auto* listener = new mv_test::RecordingObject("listener");
+  listener->registerInterest("mv-mouse");
+  Vector clicked(-1, -1);
+  listener->on_event = [&](const mv::Event* event) {
+    const auto* mouse = static_cast<const mv::EventMouse*>(event);
+    if (mouse->getMouseAction() == mv::CLICKED) {
+      clicked = mouse->getMousePosition();
+    }
+  };
+  for (const Vector cell : {Vector(150, 45), Vector(3, 2)}) {
+    const float cell_width = static_cast<float>(shown.width) / 157;
+    const float cell_height = static_cast<float>(shown.height) / 48;
+    const std::string command =
+        "xdotool mousemove --window " + std::to_string(window) + " " +
+        std::to_string(static_cast<int>((cell.getX() + 0.5f) * cell_width)) + " " +
+        std::to_string(static_cast<int>((cell.getY() + 0.5f) * cell_height)) + " click 1";
+    ASSERT_EQ(std::system(command.c_str()), 0) << command;
+    clicked = Vector(-1, -1);
+    for (int frame = 0; frame < 100 && clicked.getX() < 0; ++frame) {
+      mv::InputManager::getInstance().getInput();
+      std::this_thread::sleep_for(std::chrono::milliseconds(20));
+    }
+    EXPECT_EQ(Vector(std::floor(clicked.getX()), std::floor(clicked.getY())), cell)
+        << "clicked at " << clicked.toString();
+  }
+  mv::InputManager::getInstance().shutDown();
+  display.shutDown();
+}
+
+}  // namespace
