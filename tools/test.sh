@@ -2,8 +2,10 @@
 # Installs what is missing, then builds and runs every test twice: in a plain
 # build and under AddressSanitizer and UndefinedBehaviorSanitizer. Last, each
 # fuzz target runs for a bounded time in a libFuzzer build of its own. Everything
-# runs inside one virtual X server, so the window tests draw into real windows
-# on any machine; it outlives each test's last window instead of resetting.
+# runs inside one virtual X server of 1920 by 1080, so the window tests draw into
+# real windows on any machine; it outlives each test's last window instead of
+# resetting. The tests of the game's window on smaller screens start servers of
+# those sizes of their own.
 set -euo pipefail
 source "$(dirname "${BASH_SOURCE[0]}")/setup.sh"
 
