@@ -6,6 +6,7 @@
 #include <csignal>
 #include <cstdlib>
 #include <filesystem>
+#include <functional>
 
 #include "EventStep.h"
 #include "LogManager.h"
@@ -148,6 +149,22 @@ TEST(GameManagerRun, AFrameThatSetsGameOverRunsToItsEndEachRunCountsFromZeroAndS
       << "a frame time of 0 runs flat out without complaint";
 }
 
+// Ends the run at step 10 if nothing ends it before, so that a run that misses
+// its signal fails rather than runs for ever; `on_step` sees each step first.
+void endTheRunByStepTen(std::function<void(int)> on_step = nullptr) {
+  auto* guard = new mv_test::RecordingObject("guard", mv::Vector(1, 1), mv::SPECTRAL);
+  guard->registerInterest("mv-step");
+  guard->on_event = [on_step](const mv::Event* event) {
+    const int step = static_cast<const mv::EventStep*>(event)->getStepCount();
+    if (on_step) {
+      on_step(step);
+    }
+    if (step == 10) {
+      GameManager::getInstance().setGameOver();
+    }
+  };
+}
+
 // Ctrl-C, a closed terminal and a desktop that logs out each end the game as Q does.
 TEST(GameManagerRun, AStopSignalEndsTheRunAtTheEndOfItsFrameAndTheEngineStopsInOrder) {
   const struct {
@@ -160,14 +177,13 @@ TEST(GameManagerRun, AStopSignalEndsTheRunAtTheEndOfItsFrameAndTheEngineStopsInO
     scratch.write("mv-config.txt", HEADLESS + "frame_time:0,");
     GameManager& game = GameManager::getInstance();
     ASSERT_EQ(game.startUp(), 0);
-    auto* counter = new mv_test::RecordingObject("counter", mv::Vector(1, 1), mv::SPECTRAL);
-    counter->registerInterest("mv-step");
     int steps = 0;
-    counter->on_event = [&](const mv::Event*) {
-      if (++steps == 2) {
+    endTheRunByStepTen([&](int step) {
+      steps++;
+      if (step == 1) {
         std::raise(s.signal_number);
       }
-    };
+    });
     game.run();
     EXPECT_EQ(game.getStepCount(), 2) << "the frame of the signal runs to its end";
     game.run();
@@ -186,7 +202,7 @@ TEST(GameManagerRun, AStopSignalEndsTheRunAtTheEndOfItsFrameAndTheEngineStopsInO
 TEST(GameManagerRun, ASecondStopSignalEndsTheProgramAtOnce) {
   testing::FLAGS_gtest_death_test_style = "threadsafe";
   mv_test::ScratchDirectory scratch;
-  scratch.write("mv-config.txt", HEADLESS);
+  scratch.write("mv-config.txt", HEADLESS + "frame_time:0,");
   GameManager& game = GameManager::getInstance();
   EXPECT_EXIT(
       {
@@ -200,6 +216,7 @@ TEST(GameManagerRun, ASecondStopSignalEndsTheProgramAtOnce) {
   EXPECT_EXIT(
       {
         game.startUp();
+        endTheRunByStepTen();
         std::raise(SIGINT);
         game.run();
         std::raise(SIGHUP);
