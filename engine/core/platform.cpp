@@ -39,17 +39,17 @@ namespace {
 constexpr int STOP_SIGNALS[] = {SIGINT, SIGTERM, SIGHUP};
 
 // Lock-free, so that a handler may set it on whichever thread the signal comes to.
-std::atomic<int> caught_stop_signal{0};
+std::atomic<int> caught_stop_signal;
 static_assert(std::atomic<int>::is_always_lock_free);
 
 // A handler may do little safely; the frame loop looks at the flag.
 extern "C" void keepStopSignal(int signal_number) { caught_stop_signal = signal_number; }
 
 void handleStopSignalsWith(void (*handler)(int), int flags) {
+  // Zeroed, the action blocks no other signal while its handler runs.
   struct sigaction action = {};
   action.sa_handler = handler;
   action.sa_flags = flags;
-  sigemptyset(&action.sa_mask);
   for (int signal_number : STOP_SIGNALS) {
     sigaction(signal_number, &action, nullptr);
   }

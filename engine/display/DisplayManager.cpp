@@ -69,19 +69,15 @@ void rgbOf(Color color, unsigned char& r, unsigned char& g, unsigned char& b) {
   colorToRGB(color, r, g, b);
 }
 
-// Zero takes the desktop's side. A window asked for larger than the desktop
-// is made smaller, with the same cells; a full screen takes its size as asked.
+// A window asked for larger than the desktop is made smaller, with the same
+// cells; a full screen takes its size as asked.
 sf::Vector2i windowSizeOnDesktop(sf::Vector2i configured, sf::Vector2i cells,
                                  sf::Vector2i desktop, bool fullscreen) {
-  if (configured.x == 0 || configured.y == 0) {
-    return {configured.x == 0 ? desktop.x : configured.x,
-            configured.y == 0 ? desktop.y : configured.y};
-  }
   if (fullscreen) {
-    return configured;
+    return withDesktopSides(configured, desktop);
   }
   const sf::Vector2i fitted = fitOnDesktop(configured, cells, desktop);
-  if (fitted != configured) {
+  if (fitted != withDesktopSides(configured, desktop)) {
     log().writeLog(
         "DisplayManager::startUp(): A window of %d by %d pixels does not fit a desktop of %d by "
         "%d: it is drawn at %d by %d.",

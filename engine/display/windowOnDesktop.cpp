@@ -31,7 +31,14 @@ sf::Vector2i scaledInto(sf::Vector2i wanted, sf::Vector2i room) {
 
 }  // namespace
 
+sf::Vector2i withDesktopSides(sf::Vector2i wanted, sf::Vector2i desktop) {
+  return {wanted.x == 0 ? desktop.x : wanted.x, wanted.y == 0 ? desktop.y : wanted.y};
+}
+
 sf::Vector2i fitOnDesktop(sf::Vector2i wanted, sf::Vector2i cells, sf::Vector2i desktop) {
+  if (wanted.x == 0 || wanted.y == 0) {
+    return withDesktopSides(wanted, desktop);
+  }
   const sf::Vector2i room(std::max(1, desktop.x - DESKTOP_ROOM_ACROSS),
                           std::max(1, desktop.y - DESKTOP_ROOM_DOWN));
   if (fitsIn(wanted, room)) {

@@ -22,6 +22,9 @@ TEST(WindowOnDesktop, ShrinksOnlyWhatDoesNotFitAndKeepsTheCellsProportionAndCoun
       {{1570, 1008}, {157, 48}, {1000, 2000}, {960, 616}},
       {{1000, 100}, {100, 10}, {800, 600}, {700, 70}},
       {{1570, 960}, {157, 48}, {20, 20}, {1, 1}},
+      // A side of 0 is the desktop's, as it is.
+      {{0, 960}, {157, 48}, {1366, 768}, {1366, 960}},
+      {{1570, 0}, {157, 48}, {1366, 768}, {1570, 768}},
   };
   for (const auto& c : cases) {
     SCOPED_TRACE(testing::Message() << "case " << &c - cases);
