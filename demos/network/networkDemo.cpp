@@ -284,18 +284,30 @@ class Server : public DemoShow {
 class Client : public DemoShow {
  public:
   explicit Client(const Options& options)
-      : DemoShow(options.screenshot), tracing(options.trace_frames > 0), status(makeStatusLine()) {
-    for (const std::string& label : {FULL_FRAME, CHANGES, GONE, mv::NETWORK_CLOSE_EVENT}) {
+      : DemoShow(options.screenshot),
+        tracing(options.trace_frames > 0),
+        server(options.host + " port " + std::to_string(options.port)),
+        status(makeStatusLine()) {
+    for (const std::string& label :
+         {FULL_FRAME, CHANGES, GONE, mv::NETWORK_CONNECT_EVENT, mv::NETWORK_CLOSE_EVENT}) {
       registerInterest(label);
     }
-    status->setViewString("waiting for the server - Escape leaves");
+    status->setViewString("connecting to " + server + " - Escape leaves");
   }
 
   int eventHandler(const mv::Event* event) override {
     if (!mv::isNetworkEvent(event->getType())) {
       return DemoShow::eventHandler(event);
     }
+    if (event->getType() == mv::NETWORK_CONNECT_EVENT) {
+      connected = true;
+      status->setViewString("waiting for the server - Escape leaves");
+      return 1;
+    }
     if (event->getType() == mv::NETWORK_CLOSE_EVENT) {
+      if (!connected) {
+        std::fprintf(stderr, "network_demo: no server at %s; see the log\n", server.c_str());
+      }
       server_gone = true;
       return 1;
     }
@@ -370,14 +382,16 @@ class Client : public DemoShow {
   }
 
   bool tracing;
+  std::string server;
   mv::ViewObject* status;
   // The copies by the server's ids.
   std::map<int, mv::Object*> copies;
   int frames_applied = 0;
+  bool connected = false;
   bool server_gone = false;
 };
 
-// 0 once the role has its socket: the server listening, the client connected.
+// 0 once the role has its socket: the server listening, the client connecting.
 int startRole(const Options& options) {
   mv::NetworkManager& network = mv::NetworkManager::getInstance();
   if (options.server) {
@@ -391,8 +405,8 @@ int startRole(const Options& options) {
     return 0;
   }
   if (network.connect(options.host, options.port) < 0) {
-    std::fprintf(stderr, "network_demo: no server at %s port %d\n", options.host.c_str(),
-                 options.port);
+    std::fprintf(stderr, "network_demo: can't connect to %s port %d; see the log\n",
+                 options.host.c_str(), options.port);
     return -1;
   }
   new Client(options);

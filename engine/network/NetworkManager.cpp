@@ -1,6 +1,7 @@
 #include "NetworkManager.h"
 
 #include <algorithm>
+#include <chrono>
 #include <utility>
 
 #include "EventNetwork.h"
@@ -17,6 +18,12 @@ namespace {
 constexpr int DEFAULT_MAX_CONNECTIONS = 3;
 // About ten seconds of frames at the usual frame time.
 constexpr int DEFAULT_STALL_LIMIT = 300;
+// Enough for any game's frame, and a flood still leaves the frame its time.
+constexpr int DEFAULT_DELIVERY_MESSAGES = 1000;
+constexpr std::size_t DEFAULT_DELIVERY_BYTES = 1 << 20;
+// Several seconds of a busy game's traffic to a peer that reads nothing.
+constexpr std::size_t DEFAULT_OUTGOING_CAP = 8 << 20;
+constexpr int DEFAULT_CONNECT_TIMEOUT_MS = 5000;
 constexpr int LISTEN_BACKLOG = 16;
 constexpr int CONNECT_TYPE = 1;
 constexpr int MESSAGE_TYPE = 3;
@@ -36,6 +43,10 @@ NetworkManager::NetworkManager()
     : sock(-1),
       max_connections(DEFAULT_MAX_CONNECTIONS),
       stall_limit(DEFAULT_STALL_LIMIT),
+      delivery_messages(DEFAULT_DELIVERY_MESSAGES),
+      delivery_bytes(DEFAULT_DELIVERY_BYTES),
+      outgoing_cap(DEFAULT_OUTGOING_CAP),
+      connect_timeout_ms(DEFAULT_CONNECT_TIMEOUT_MS),
       next_serial(0),
       read_buffer(READ_BYTES) {
   setType("NetworkManager");
@@ -119,7 +130,7 @@ int NetworkManager::accept() {
     return -2;
   }
   log().writeLog(1, "NetworkManager::accept(): New connection, socket %d.", socket);
-  addConnection(socket);
+  addConnection(Connection(socket, next_serial++));
   EventNetworkAccept accepted(0);
   accepted.setSocket(socket);
   accepted.setBytes(0);
@@ -133,29 +144,69 @@ int NetworkManager::connect(const std::string& host, int port) {
                    max_connections);
     return -1;
   }
-  const int socket = sockets::connectTo(host, port);
+  if (host.empty() || port <= 0 || port > 65535) {
+    log().writeLog("NetworkManager::connect(): Error! '%s' port %d is no address to connect to.",
+                   host.c_str(), port);
+    return -1;
+  }
+  const int socket = sockets::openStreamSocket();
   if (socket == -1) {
-    log().writeLog(
-        "NetworkManager::connect(): Error! connect() to %s port %d returned:", host.c_str(), port);
+    log().writeLog("NetworkManager::connect(): Error! No socket to connect to %s port %d:",
+                   host.c_str(), port);
     writeErrorText(sockets::lastError());
     return -1;
   }
-  log().writeLog(1, "NetworkManager::connect(): Connected to %s port %d, socket %d.", host.c_str(),
+  log().writeLog(1, "NetworkManager::connect(): Connecting to %s port %d, socket %d.", host.c_str(),
                  port, socket);
-  addConnection(socket);
+  return addConnection(Connection(socket, next_serial++, host, port,
+                                  std::chrono::steady_clock::now(), connect_timeout_ms));
+}
+
+int NetworkManager::addConnection(Connection connection) {
+  connections.push_back(std::move(connection));
+  return connections.back().getSocket();
+}
+
+// A connection that opens raises its event and sends what waited for it; one
+// that fails is closed, with its reason.
+void NetworkManager::advanceOpenings() {
+  const auto now = std::chrono::steady_clock::now();
+  std::vector<std::pair<int, unsigned>> opening;
+  for (const Connection& connection : connections) {
+    if (!connection.isOpen()) {
+      opening.emplace_back(connection.getSocket(), connection.getSerial());
+    }
+  }
+  for (const auto& [socket, serial] : opening) {
+    const int index = indexOfLive(socket, serial);
+    if (index == -1) {
+      continue;
+    }
+    Connection& connection = connections[static_cast<std::size_t>(index)];
+    const Connection::OpenOutcome outcome = connection.advanceOpening(now);
+    if (outcome == Connection::OPEN_FAILED) {
+      log().writeLog("NetworkManager::connect(): Error! Connecting to %s port %d failed: %s.",
+                     connection.getHost().c_str(), connection.getPort(),
+                     connection.getOpenProblem().c_str());
+      closeAt(static_cast<std::size_t>(index));
+    } else if (outcome == Connection::OPENED) {
+      log().writeLog(1, "NetworkManager::connect(): Connected to %s port %d, socket %d.",
+                     connection.getHost().c_str(), connection.getPort(), socket);
+      raiseConnected(socket);
+      const int still = indexOfLive(socket, serial);
+      if (still != -1) {
+        writeWaiting(static_cast<std::size_t>(still), "connect");
+      }
+    }
+  }
+}
+
+void NetworkManager::raiseConnected(int socket) {
   EventNetwork connected(CONNECT_TYPE);
   connected.setType(NETWORK_CONNECT_EVENT);
   connected.setSocket(socket);
   connected.setBytes(0);
   onEvent(&connected);
-  return socket;
-}
-
-void NetworkManager::addConnection(int socket) {
-  connections.push_back(socket);
-  connection_values.push_back(0);
-  pending.emplace_back();
-  incoming.push_back(Incoming{MessageReader(), 0, next_serial++});
 }
 
 int NetworkManager::close(int socket) {
@@ -179,16 +230,13 @@ int NetworkManager::close(int socket) {
 // handler that sends to it, or closes it, finds it gone rather than a socket
 // number the system may already have given to someone else.
 int NetworkManager::closeAt(std::size_t index) {
-  const int socket = connections[index];
+  const int socket = connections[index].getSocket();
   if (sockets::closeSocket(socket) != 0) {
     log().writeLog("NetworkManager::close(): Error! close() returned:");
     writeErrorText(sockets::lastError());
     return -1;
   }
   connections.erase(connections.begin() + static_cast<long>(index));
-  connection_values.erase(connection_values.begin() + static_cast<long>(index));
-  pending.erase(pending.begin() + static_cast<long>(index));
-  incoming.erase(incoming.begin() + static_cast<long>(index));
   EventNetworkClose closed(2);
   closed.setSocket(socket);
   closed.setBytes(0);
@@ -207,7 +255,13 @@ bool NetworkManager::isConnected(int socket) const {
   return true;
 }
 
-std::vector<int> NetworkManager::getConnections() const { return connections; }
+std::vector<int> NetworkManager::getConnections() const {
+  std::vector<int> sockets_in_order;
+  for (const Connection& connection : connections) {
+    sockets_in_order.push_back(connection.getSocket());
+  }
+  return sockets_in_order;
+}
 
 void NetworkManager::setMaxConnections(int new_max_connections) {
   max_connections = new_max_connections;
@@ -219,22 +273,26 @@ int NetworkManager::setConnectionValue(int socket, int value) {
   if (!isConnected(socket)) {
     return -1;
   }
-  connection_values[static_cast<std::size_t>(indexOf(socket))] = value;
+  connections[static_cast<std::size_t>(indexOf(socket))].setValue(value);
   return 0;
 }
 
 int NetworkManager::getConnectionValue(int socket) const {
-  return isConnected(socket) ? connection_values[static_cast<std::size_t>(indexOf(socket))] : -1;
+  return isConnected(socket) ? connections[static_cast<std::size_t>(indexOf(socket))].getValue()
+                             : -1;
 }
 
 int NetworkManager::indexOf(int socket) const {
-  const auto found = std::find(connections.begin(), connections.end(), socket);
+  const auto found = std::find_if(
+      connections.begin(), connections.end(),
+      [socket](const Connection& connection) { return connection.getSocket() == socket; });
   return found == connections.end() ? -1 : static_cast<int>(found - connections.begin());
 }
 
 int NetworkManager::indexOfLive(int socket, unsigned serial) const {
   const int index = indexOf(socket);
-  return index != -1 && incoming[static_cast<std::size_t>(index)].serial == serial ? index : -1;
+  return index != -1 && connections[static_cast<std::size_t>(index)].getSerial() == serial ? index
+                                                                                           : -1;
 }
 
 int NetworkManager::send(const void* buffer, int bytes, int socket) {
@@ -258,30 +316,52 @@ long NetworkManager::sendBytes(const void* buffer, std::size_t bytes, int socket
   log().writeLog(15, "NetworkManager::send(): Socket %d. Calling ::send()...", socket);
   const long sent = sockets::sendSome(socket, buffer, bytes);
   if (sent == -1) {
-    const int error = sockets::lastError();
-    log().writeLog("NetworkManager::send(): Error! Return is -1.");
-    writeErrorText(error);
-    if (sockets::isClosedConnection(error)) {
-      log().writeLog(1, "\tsocket is closed");
-      close(socket);
-    }
+    sayFailedSend("send", socket, sockets::lastError());
   }
   return sent;
 }
 
-int NetworkManager::sendFrame(const std::string& frame, int socket) {
-  const long sent = sendBytes(frame.data(), frame.size(), socket);
-  if (sent == static_cast<long>(frame.size())) {
-    return 0;
-  }
-  if (sent > 0) {
-    log().writeLog(
-        "NetworkManager::sendFrame(): Error! %ld of %zu bytes sent to socket %d; its stream is "
-        "out of step, closing it.",
-        sent, frame.size(), socket);
+void NetworkManager::sayFailedSend(const char* caller, int socket, int error) {
+  log().writeLog("NetworkManager::%s(): Error! Return is -1.", caller);
+  writeErrorText(error);
+  if (sockets::isClosedConnection(error)) {
+    log().writeLog(1, "\tsocket is closed");
     close(socket);
   }
-  return -1;
+}
+
+// A socket that takes nothing more now is the usual case with a slow peer:
+// the rest goes in later frames. Only a peer that lets more than the cap
+// pile up is given up on.
+int NetworkManager::writeWaiting(std::size_t index, const char* caller) {
+  Connection& connection = connections[index];
+  const int socket = connection.getSocket();
+  if (!connection.isOpen()) {
+    return 0;
+  }
+  const Connection::WriteOutcome outcome = connection.writeWaiting();
+  if (outcome == Connection::WRITE_FAILED) {
+    const int error = sockets::lastError();
+    sayFailedSend(caller, socket, error);
+    if (!sockets::isClosedConnection(error)) {
+      close(socket);
+    }
+    return -1;
+  }
+  const std::size_t waiting = connection.getWaitingBytes();
+  if (waiting > outgoing_cap) {
+    log().writeLog(
+        "NetworkManager::%s(): Error! Socket %d has %zu bytes waiting to go, more than its cap "
+        "of %zu; closing it.",
+        caller, socket, waiting, outgoing_cap);
+    close(socket);
+    return -1;
+  }
+  if (outcome == Connection::SOME_WAIT) {
+    log().writeLog(15, "NetworkManager::%s(): Socket %d takes no more for now; %zu bytes wait.",
+                   caller, socket, waiting);
+  }
+  return 0;
 }
 
 std::string NetworkManager::frameOrSay(const char* caller, const std::string& label,
@@ -297,8 +377,17 @@ std::string NetworkManager::frameOrSay(const char* caller, const std::string& la
 }
 
 int NetworkManager::sendMessage(const std::string& label, const std::string& payload, int socket) {
+  if (!isConnected(socket)) {
+    log().writeLog("NetworkManager::sendMessage(): Error! Socket %d not connected.", socket);
+    return -1;
+  }
   const std::string frame = frameOrSay("sendMessage", label, payload);
-  return frame.empty() ? -1 : sendFrame(frame, socket);
+  if (frame.empty()) {
+    return -1;
+  }
+  const auto index = static_cast<std::size_t>(indexOf(socket));
+  connections[index].append(frame);
+  return writeWaiting(index, "sendMessage");
 }
 
 int NetworkManager::queueMessage(const std::string& label, const std::string& payload, int socket,
@@ -311,28 +400,21 @@ int NetworkManager::queueMessage(const std::string& label, const std::string& pa
   if (frame.empty()) {
     return -1;
   }
-  pending[static_cast<std::size_t>(indexOf(socket))].push_back(
-      DelayedMessage{std::move(frame), step});
+  connections[static_cast<std::size_t>(indexOf(socket))].queue(std::move(frame), step);
   return 0;
 }
 
-// A send may close its connection, and the close event's handlers may close
-// others, so the walk goes by the table as it stands after each send.
+// A write may close its connection, and the close event's handlers may close
+// others, so the walk goes by the table as it stands after each write.
 int NetworkManager::flushDelayed() {
   const int step = GameManager::getInstance().getStepCount();
   int sum = 0;
   std::size_t index = 0;
   while (index < connections.size()) {
-    const int socket = connections[index];
-    while (!pending[index].empty() && pending[index].front().step <= step) {
-      const DelayedMessage due = std::move(pending[index].front());
-      pending[index].pop_front();
-      sum += sendFrame(due.data, socket);
-      if (index >= connections.size() || connections[index] != socket) {
-        break;
-      }
-    }
-    if (index < connections.size() && connections[index] == socket) {
+    const unsigned serial = connections[index].getSerial();
+    connections[index].moveDue(step);
+    sum += writeWaiting(index, "flushDelayed");
+    if (index < connections.size() && connections[index].getSerial() == serial) {
       index++;
     }
   }
@@ -340,9 +422,12 @@ int NetworkManager::flushDelayed() {
 }
 
 int NetworkManager::receive() {
+  advanceOpenings();
   std::vector<std::pair<int, unsigned>> polled;
-  for (std::size_t i = 0; i < connections.size(); i++) {
-    polled.emplace_back(connections[i], incoming[i].serial);
+  for (const Connection& connection : connections) {
+    if (connection.isOpen()) {
+      polled.emplace_back(connection.getSocket(), connection.getSerial());
+    }
   }
   int delivered = 0;
   for (const auto& [socket, serial] : polled) {
@@ -353,53 +438,48 @@ int NetworkManager::receive() {
 
 void NetworkManager::setStallLimit(int polls) { stall_limit = polls; }
 
+void NetworkManager::setDeliveryCap(int messages, std::size_t bytes) {
+  delivery_messages = messages;
+  delivery_bytes = bytes;
+}
+
+void NetworkManager::setOutgoingCap(std::size_t bytes) { outgoing_cap = bytes; }
+
+std::size_t NetworkManager::getWaitingBytes(int socket) const {
+  const int index = indexOf(socket);
+  return index == -1 ? 0 : connections[static_cast<std::size_t>(index)].getWaitingBytes();
+}
+
+void NetworkManager::setConnectTimeout(int milliseconds) { connect_timeout_ms = milliseconds; }
+
 // Messages that arrived whole are handed on before a peer that went away or
 // misbehaved is closed, so nothing it sent properly is lost.
 int NetworkManager::receiveFrom(int socket, unsigned serial) {
-  int index = indexOfLive(socket, serial);
+  const int index = indexOfLive(socket, serial);
   if (index == -1) {
     return 0;
   }
-  const ReadOutcome outcome = readWhatArrived(static_cast<std::size_t>(index));
-  const int delivered = deliverMessages(socket, serial);
-  index = indexOfLive(socket, serial);
-  if (index != -1) {
-    closeIfPeerMisbehaved(static_cast<std::size_t>(index), outcome);
+  const Connection::ReadOutcome outcome =
+      connections[static_cast<std::size_t>(index)].readArrived(read_buffer, MOST_BYTES_PER_POLL);
+  if (outcome == Connection::READ_FAILED) {
+    log().writeLog("NetworkManager::receive(): Error! recv() on socket %d returned:", socket);
+    writeErrorText(sockets::lastError());
+  }
+  const int delivered = handOnMessages(socket, serial);
+  const int still = indexOfLive(socket, serial);
+  if (still != -1) {
+    closeIfPeerMisbehaved(static_cast<std::size_t>(still), outcome);
   }
   return delivered;
 }
 
-NetworkManager::ReadOutcome NetworkManager::readWhatArrived(std::size_t index) {
-  Incoming& in = incoming[index];
-  std::size_t total = 0;
-  while (total < MOST_BYTES_PER_POLL && !in.reader.isBroken()) {
-    const long got = sockets::receiveSome(connections[index], read_buffer.data(), READ_BYTES);
-    if (got == 0) {
-      return PEER_GONE;
-    }
-    if (got == -1) {
-      const int error = sockets::lastError();
-      if (sockets::wouldBlock(error)) {
-        break;
-      }
-      log().writeLog("NetworkManager::receive(): Error! recv() on socket %d returned:",
-                     connections[index]);
-      writeErrorText(error);
-      return READ_FAILED;
-    }
-    in.reader.add(read_buffer.data(), static_cast<std::size_t>(got));
-    total += static_cast<std::size_t>(got);
-  }
-  in.quiet_polls = total > 0 || in.reader.getHeldBytes() == 0 ? 0 : in.quiet_polls + 1;
-  return STILL_OPEN;
-}
-
-int NetworkManager::deliverMessages(int socket, unsigned serial) {
+int NetworkManager::handOnMessages(int socket, unsigned serial) {
   int delivered = 0;
   Message message;
   int index = indexOfLive(socket, serial);
-  while (index != -1 && incoming[static_cast<std::size_t>(index)].reader.next(message) ==
-                            MessageReader::COMPLETE) {
+  connections[static_cast<std::size_t>(index)].startPoll(
+      static_cast<std::size_t>(std::max(delivery_messages, 1)), delivery_bytes);
+  while (index != -1 && connections[static_cast<std::size_t>(index)].nextMessage(message)) {
     log().writeLog(15, "NetworkManager::receive(): Socket %d. %s of %zu bytes.", socket,
                    message.label.c_str(), message.payload.size());
     EventNetwork received(MESSAGE_TYPE);
@@ -412,28 +492,38 @@ int NetworkManager::deliverMessages(int socket, unsigned serial) {
     // A handler may have closed the connection.
     index = indexOfLive(socket, serial);
   }
+  if (index != -1) {
+    connections[static_cast<std::size_t>(index)].endPoll();
+  }
   return delivered;
 }
 
-void NetworkManager::closeIfPeerMisbehaved(std::size_t index, ReadOutcome outcome) {
-  const int socket = connections[index];
-  const MessageReader& reader = incoming[index].reader;
+// A peer that went away is closed only once all it sent whole is handed on.
+void NetworkManager::closeIfPeerMisbehaved(std::size_t index, Connection::ReadOutcome outcome) {
+  const Connection& connection = connections[index];
+  const int socket = connection.getSocket();
+  const MessageReader& reader = connection.getReader();
+  const bool gone = outcome != Connection::STILL_OPEN;
+  if (connection.wasCapped() && !reader.isBroken()) {
+    return;
+  }
   if (reader.isBroken()) {
     log().writeLog("NetworkManager::receive(): Error! Socket %d sent %s; closing it.", socket,
                    reader.getProblem().c_str());
-  } else if (outcome == PEER_GONE && reader.getHeldBytes() > 0) {
+  } else if (outcome == Connection::PEER_GONE && reader.getHeldBytes() > 0) {
     log().writeLog(
         "NetworkManager::receive(): Warning! Socket %d closed by its peer in the middle of a "
         "message; %zu bytes of it dropped.",
         socket, reader.getHeldBytes());
-  } else if (outcome == PEER_GONE) {
+  } else if (outcome == Connection::PEER_GONE) {
     log().writeLog(1, "NetworkManager::receive(): Socket %d closed by its peer.", socket);
-  } else if (incoming[index].quiet_polls > 0 && incoming[index].quiet_polls >= stall_limit) {
+  } else if (!gone && connection.getPollsOnMessage() > 0 &&
+             connection.getPollsOnMessage() >= stall_limit) {
     log().writeLog(
-        "NetworkManager::receive(): Error! Socket %d sent %zu bytes of a message and then nothing "
-        "for %d polls; closing it.",
-        socket, reader.getHeldBytes(), stall_limit);
-  } else if (outcome != READ_FAILED) {
+        "NetworkManager::receive(): Error! Socket %d took %d polls over a message and sent only "
+        "%zu bytes of it; closing it.",
+        socket, stall_limit, reader.getHeldBytes());
+  } else if (!gone) {
     return;
   }
   close(socket);

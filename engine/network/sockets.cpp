@@ -1,9 +1,8 @@
 #include "sockets.h"
 
 #include <arpa/inet.h>
-#include <fcntl.h>
-#include <netdb.h>
 #include <netinet/in.h>
+#include <poll.h>
 #include <sys/socket.h>
 #include <unistd.h>
 
@@ -22,16 +21,6 @@ int failWith(int error) {
   return -1;
 }
 
-int makeNonBlocking(int socket) {
-  const int flags = fcntl(socket, F_GETFL, 0);
-  if (flags == -1 || fcntl(socket, F_SETFL, flags | O_NONBLOCK) == -1) {
-    const int error = errno;
-    ::close(socket);
-    return failWith(error);
-  }
-  return socket;
-}
-
 // Closes the socket but keeps the error that made us give it up.
 int giveUp(int socket) {
   const int error = errno;
@@ -48,7 +37,7 @@ int listenOn(const std::string& address, int port, int backlog) {
   if (port < 0 || port > 65535 || inet_pton(AF_INET, address.c_str(), &where.sin_addr) != 1) {
     return failWith(EINVAL);
   }
-  const int listener = ::socket(AF_INET, SOCK_STREAM | SOCK_NONBLOCK | SOCK_CLOEXEC, 0);
+  const int listener = openStreamSocket();
   if (listener == -1) {
     return -1;
   }
@@ -69,28 +58,51 @@ int acceptConnection(int listener) {
   return accept4(listener, reinterpret_cast<sockaddr*>(&peer), &size, SOCK_NONBLOCK | SOCK_CLOEXEC);
 }
 
-int connectTo(const std::string& host, int port) {
+int openStreamSocket() { return ::socket(AF_INET, SOCK_STREAM | SOCK_NONBLOCK | SOCK_CLOEXEC, 0); }
+
+bool parseAddress(const std::string& host, std::uint32_t& address) {
+  in_addr parsed{};
+  if (inet_pton(AF_INET, host.c_str(), &parsed) != 1) {
+    return false;
+  }
+  address = parsed.s_addr;
+  return true;
+}
+
+int startConnecting(int socket, std::uint32_t address, int port) {
   if (port <= 0 || port > 65535) {
     return failWith(EINVAL);
   }
-  addrinfo hints{};
-  hints.ai_family = AF_INET;
-  hints.ai_socktype = SOCK_STREAM;
-  addrinfo* found = nullptr;
-  if (getaddrinfo(host.c_str(), std::to_string(port).c_str(), &hints, &found) != 0) {
-    return failWith(EHOSTUNREACH);
+  sockaddr_in where{};
+  where.sin_family = AF_INET;
+  where.sin_port = htons(static_cast<std::uint16_t>(port));
+  where.sin_addr.s_addr = address;
+  return ::connect(socket, reinterpret_cast<sockaddr*>(&where), sizeof where);
+}
+
+bool inProgress(int error) { return error == EINPROGRESS || error == EALREADY; }
+
+// A connection being made becomes writable once it stands or has failed;
+// the socket's pending error tells which.
+ConnectState connectState(int socket) {
+  pollfd wanted{socket, POLLOUT, 0};
+  const int ready = ::poll(&wanted, 1, 0);
+  if (ready == -1) {
+    return CONNECT_FAILED;
   }
-  const int socket = ::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
-  if (socket == -1) {
-    freeaddrinfo(found);
-    return -1;
+  if (ready == 0) {
+    return STILL_CONNECTING;
   }
-  const int connected = ::connect(socket, found->ai_addr, found->ai_addrlen);
-  freeaddrinfo(found);
-  if (connected == -1) {
-    return giveUp(socket);
+  int error = 0;
+  socklen_t size = sizeof error;
+  if (getsockopt(socket, SOL_SOCKET, SO_ERROR, &error, &size) == -1) {
+    return CONNECT_FAILED;
   }
-  return makeNonBlocking(socket);
+  if (error != 0) {
+    failWith(error);
+    return CONNECT_FAILED;
+  }
+  return CONNECTED;
 }
 
 int localPort(int socket) {

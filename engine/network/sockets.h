@@ -1,9 +1,10 @@
 // The few socket calls the network manager makes, behind names of our own:
-// IPv4 stream sockets that never block the game loop once connected. Every
-// call answers -1 on failure and leaves the reason in lastError().
+// IPv4 stream sockets that never block the game loop. Every call answers -1
+// on failure and leaves the reason in lastError().
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <string>
 
 namespace mv {
@@ -17,9 +18,25 @@ int listenOn(const std::string& address, int port, int backlog);
 // The next connection waiting on `listener`, itself non-blocking.
 int acceptConnection(int listener);
 
-// A connection to `host` (a name or a dotted address) at `port`, made
-// non-blocking once it stands. The connecting itself waits for the answer.
-int connectTo(const std::string& host, int port);
+// A new IPv4 stream socket that never blocks.
+int openStreamSocket();
+
+// The IPv4 address that `host` writes in dots, in network byte order, into
+// `address`; false when `host` is no such address (a name, say).
+bool parseAddress(const std::string& host, std::uint32_t& address);
+
+// Starts connecting `socket` to `address` (network byte order) at `port`:
+// 0 when it stands at once, -1 otherwise; lastError() then says whether it
+// is under way (inProgress) or failed.
+int startConnecting(int socket, std::uint32_t address, int port);
+
+// The call failed only because a connection is still being made.
+bool inProgress(int error);
+
+// How a connection being made stands: CONNECTED, STILL_CONNECTING, or
+// CONNECT_FAILED with the reason in lastError().
+enum ConnectState { CONNECTED, STILL_CONNECTING, CONNECT_FAILED };
+ConnectState connectState(int socket);
 
 // The port a socket is bound to, or -1.
 int localPort(int socket);

@@ -1,8 +1,9 @@
-// Feeds any bytes, cut into pieces of any size, to the reader that puts a
-// connection's messages back together, and each message it gives on to an
-// object's record reader, as a game would. The pieces must not matter: the
-// same bytes in one piece give the same messages and the same verdict, and no
-// message breaks the frame rules.
+// Feeds any bytes, cut into pieces of any size, to a connection that puts its
+// messages back together, and each message it hands on to an object's record
+// reader, as a game would. After each piece the connection is polled with a
+// delivery cap of any size: no poll may hand on more than its cap, and the
+// pieces and the cap must not matter: the same bytes in one piece give the
+// same messages and the same verdict, and no message breaks the frame rules.
 #include <fuzzer/FuzzedDataProvider.h>
 
 #include <algorithm>
@@ -13,6 +14,7 @@
 #include <string>
 #include <vector>
 
+#include "Connection.h"
 #include "MessageReader.h"
 #include "Object.h"
 #include "WorldManager.h"
@@ -59,6 +61,27 @@ void readAsRecord(const mv::Message& message) {
   mv::WorldManager::getInstance().markForDelete(object);
 }
 
+// One poll under the cap: the messages it hands on, which stay within the cap
+// by count, and by bytes but for the last one, which may pass it.
+std::vector<mv::Message> pollUnderCap(mv::Connection& connection, std::size_t most_messages,
+                                      std::size_t most_bytes) {
+  connection.startPoll(most_messages, most_bytes);
+  std::vector<mv::Message> handed;
+  std::size_t bytes_before_last = 0;
+  mv::Message message;
+  while (connection.nextMessage(message)) {
+    requireWithinTheRules(message);
+    if (!handed.empty()) {
+      bytes_before_last += handed.back().payload.size();
+    }
+    handed.push_back(message);
+  }
+  connection.endPoll();
+  require(handed.size() <= most_messages);
+  require(handed.empty() || bytes_before_last < most_bytes);
+  return handed;
+}
+
 }  // namespace
 
 extern "C" int LLVMFuzzerInitialize(int*, char***) {
@@ -69,27 +92,38 @@ extern "C" int LLVMFuzzerInitialize(int*, char***) {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   FuzzedDataProvider input(data, size);
-  mv::MessageReader in_pieces;
+  const auto most_messages = input.ConsumeIntegralInRange<std::size_t>(1, 20);
+  const auto most_bytes = input.ConsumeIntegralInRange<std::size_t>(1, 4096);
+  mv::Connection in_pieces(-1, 0);
   std::vector<mv::Message> from_pieces;
   std::string stream;
+  const auto poll = [&] {
+    const std::vector<mv::Message> taken = pollUnderCap(in_pieces, most_messages, most_bytes);
+    from_pieces.insert(from_pieces.end(), taken.begin(), taken.end());
+    return !taken.empty();
+  };
   while (input.remaining_bytes() > 0) {
     const std::string piece =
         input.ConsumeBytesAsString(input.ConsumeIntegralInRange<std::size_t>(0, LONGEST_PIECE));
     stream += piece;
-    in_pieces.add(piece.data(), piece.size());
-    const std::vector<mv::Message> taken = takeMessages(in_pieces);
-    from_pieces.insert(from_pieces.end(), taken.begin(), taken.end());
-    // Whatever the reader still holds is less than a whole message.
-    require(in_pieces.isBroken() || in_pieces.getHeldBytes() < mv::MESSAGE_HEADER_BYTES ||
-            in_pieces.getHeldBytes() < in_pieces.getAnnouncedBytes());
+    in_pieces.take(piece.data(), piece.size());
+    poll();
   }
+  // What waits behind the cap comes in the next polls; then whatever the
+  // connection still holds is less than a whole message.
+  while (poll()) {
+  }
+  const mv::MessageReader& left = in_pieces.getReader();
+  require(!in_pieces.wasCapped());
+  require(left.isBroken() || left.getHeldBytes() < mv::MESSAGE_HEADER_BYTES ||
+          left.getHeldBytes() < left.getAnnouncedBytes());
 
   mv::MessageReader whole;
   whole.add(stream.data(), stream.size());
   require(sameMessages(takeMessages(whole), from_pieces));
-  require(whole.isBroken() == in_pieces.isBroken());
-  require(whole.getProblem() == in_pieces.getProblem());
-  require(whole.getHeldBytes() == in_pieces.getHeldBytes());
+  require(whole.isBroken() == left.isBroken());
+  require(whole.getProblem() == left.getProblem());
+  require(whole.getHeldBytes() == left.getHeldBytes());
 
   for (const mv::Message& message : from_pieces) {
     readAsRecord(message);
