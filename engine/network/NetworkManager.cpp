@@ -336,10 +336,9 @@ void NetworkManager::sayFailedSend(const char* caller, int socket, int error) {
 int NetworkManager::writeWaiting(std::size_t index, const char* caller) {
   Connection& connection = connections[index];
   const int socket = connection.getSocket();
-  if (!connection.isOpen()) {
-    return 0;
-  }
-  const Connection::WriteOutcome outcome = connection.writeWaiting();
+  // What is sent to a connection still opening waits until it opens.
+  const Connection::WriteOutcome outcome =
+      connection.isOpen() ? connection.writeWaiting() : Connection::SOME_WAIT;
   if (outcome == Connection::WRITE_FAILED) {
     const int error = sockets::lastError();
     sayFailedSend(caller, socket, error);

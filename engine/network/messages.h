@@ -1,8 +1,8 @@
 // How messages travel between peers. Each is a frame: the length of its body
 // in 4 bytes, least significant first, then the body: one byte that names
 // the message's label, then the payload. The receiver raises the event of
-// that label. Only these labels travel; accept, connect and close are told by
-// each side's own network manager, so no peer can fake them.
+// that label. Only MESSAGE_LABELS travel; accept, connect and close are told
+// by each side's own network manager, so no peer can fake them.
 #pragma once
 
 #include <cstddef>
@@ -17,12 +17,6 @@ constexpr std::size_t MESSAGE_HEADER_BYTES = 4;
 // The largest body a peer may send or announce: the label's byte and the
 // payload. A frame that claims more is taken as hostile.
 constexpr std::size_t MAX_MESSAGE_BODY = 1 << 20;
-
-// The labels a message may carry, in the order of their codes on the wire.
-inline const std::string MESSAGE_LABELS[] = {
-    NETWORK_EVENT,          "mv-network-create",   "mv-network-sync",  "mv-network-delete",
-    "mv-network-game-over", "mv-keyboard-network", "mv-mouse-network", "mv-custom-network",
-};
 
 // A message as the receiver hands it on: the event's label and the payload.
 struct Message {

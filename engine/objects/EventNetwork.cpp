@@ -8,8 +8,10 @@
 namespace mv {
 
 bool isNetworkEvent(const std::string& label) {
-  return std::find(std::begin(NETWORK_EVENTS), std::end(NETWORK_EVENTS), label) !=
-         std::end(NETWORK_EVENTS);
+  const auto listed = [&label](const auto& labels) {
+    return std::find(std::begin(labels), std::end(labels), label) != std::end(labels);
+  };
+  return listed(MESSAGE_LABELS) || listed(CONNECTION_LABELS);
 }
 
 EventNetwork::EventNetwork(int new_network_type)

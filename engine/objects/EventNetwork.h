@@ -10,13 +10,19 @@ inline const std::string NETWORK_ACCEPT_EVENT = "mv-network-accept";
 inline const std::string NETWORK_CLOSE_EVENT = "mv-network-close";
 inline const std::string NETWORK_CONNECT_EVENT = "mv-network-connect";
 
-// Every label that belongs to the network, whether or not the engine raises it.
-inline const std::string NETWORK_EVENTS[] = {
-    NETWORK_EVENT,         "mv-keyboard-network",  "mv-mouse-network",  NETWORK_ACCEPT_EVENT,
-    NETWORK_CONNECT_EVENT, NETWORK_CLOSE_EVENT,    "mv-network-create", "mv-custom-network",
-    "mv-network-delete",   "mv-network-game-over", "mv-network-sync",
+// The labels a message between peers may carry, in the order of their codes
+// on the wire; a game gives them meanings of its own.
+inline const std::string MESSAGE_LABELS[] = {
+    NETWORK_EVENT,          "mv-network-create",   "mv-network-sync",  "mv-network-delete",
+    "mv-network-game-over", "mv-keyboard-network", "mv-mouse-network", "mv-custom-network",
 };
 
+// The labels that each side's own manager raises of its connections, which no
+// peer can send.
+inline const std::string CONNECTION_LABELS[] = {NETWORK_ACCEPT_EVENT, NETWORK_CONNECT_EVENT,
+                                                NETWORK_CLOSE_EVENT};
+
+// Whether the label belongs to the network: one of the two lists above.
 bool isNetworkEvent(const std::string& label);
 
 class EventNetwork : public Event {
