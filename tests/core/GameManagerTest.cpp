@@ -224,6 +224,15 @@ TEST(GameManagerRun, ASecondStopSignalEndsTheProgramAtOnce) {
       },
       testing::KilledBySignal(SIGHUP), "")
       << "any of them once the loop has seen the first";
+  EXPECT_EXIT(
+      {
+        game.startUp();
+        game.shutDown();
+        std::raise(SIGINT);
+        std::exit(0);
+      },
+      testing::KilledBySignal(SIGINT), "")
+      << "and any after shut-down, as before start-up";
 }
 
 }  // namespace
