@@ -15,7 +15,7 @@ constexpr std::size_t READ_AHEAD_BYTES = MESSAGE_HEADER_BYTES + MAX_MESSAGE_BODY
 
 }  // namespace
 
-Connection::Connection(int socket, unsigned serial)
+Connection::Connection(int socket, unsigned serial, const std::vector<std::string>& labels)
     : socket(socket),
       serial(serial),
       value(0),
@@ -23,6 +23,7 @@ Connection::Connection(int socket, unsigned serial)
       state(OPEN),
       timeout_ms(0),
       written(0),
+      reader(labels),
       peer_gone(false),
       most_messages(0),
       most_bytes(0),
@@ -32,8 +33,8 @@ Connection::Connection(int socket, unsigned serial)
       polls_on_message(0) {}
 
 Connection::Connection(int socket, unsigned serial, const std::string& host, int port, Time now,
-                       int timeout_ms)
-    : Connection(socket, serial) {
+                       int timeout_ms, const std::vector<std::string>& labels)
+    : Connection(socket, serial, labels) {
   this->host = host;
   this->port = port;
   this->timeout_ms = timeout_ms;

@@ -27,12 +27,13 @@ class Connection {
   enum WriteOutcome { ALL_WRITTEN, SOME_WAIT, WRITE_FAILED };
   enum ReadOutcome { STILL_OPEN, PEER_GONE, READ_FAILED };
 
-  // A connection that stands, as accepted.
-  Connection(int socket, unsigned serial);
+  // A connection that stands, as accepted, whose messages carry one of `labels`.
+  Connection(int socket, unsigned serial,
+             const std::vector<std::string>& labels = MESSAGE_LABELS);
   // One that starts opening to `host` (a name or a dotted address) at `port`,
   // and gives up after `timeout_ms` milliseconds from `now`.
   Connection(int socket, unsigned serial, const std::string& host, int port, Time now,
-             int timeout_ms);
+             int timeout_ms, const std::vector<std::string>& labels = MESSAGE_LABELS);
 
   int getSocket() const;
   // Tells this connection apart from a later one that gets the same socket number.

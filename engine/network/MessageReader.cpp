@@ -1,10 +1,9 @@
 #include "MessageReader.h"
 
-#include <iterator>
 
 namespace mv {
 
-MessageReader::MessageReader() : start(0) {}
+MessageReader::MessageReader(const std::vector<std::string>& labels) : labels(&labels), start(0) {}
 
 void MessageReader::add(const char* bytes, std::size_t count) {
   if (isBroken()) {
@@ -36,10 +35,10 @@ MessageReader::Status MessageReader::next(Message& message) {
     return INCOMPLETE;
   }
   const std::size_t code = static_cast<unsigned char>(buffer[start + MESSAGE_HEADER_BYTES]);
-  if (code >= std::size(MESSAGE_LABELS)) {
+  if (code >= labels->size()) {
     return breakWith("a message with the unknown label code " + std::to_string(code));
   }
-  message.label = MESSAGE_LABELS[code];
+  message.label = (*labels)[code];
   message.payload.assign(buffer, start + MESSAGE_HEADER_BYTES + 1, body - 1);
   start += MESSAGE_HEADER_BYTES + body;
   return COMPLETE;

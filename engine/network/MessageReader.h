@@ -6,6 +6,7 @@
 
 #include <cstddef>
 #include <string>
+#include <vector>
 
 #include "messages.h"
 
@@ -15,7 +16,8 @@ class MessageReader {
  public:
   enum Status { COMPLETE, INCOMPLETE, BROKEN };
 
-  MessageReader();
+  // A reader of messages that carry one of `labels`, which must outlive it.
+  explicit MessageReader(const std::vector<std::string>& labels = MESSAGE_LABELS);
 
   // Takes the bytes of one read; dropped once the stream is broken.
   void add(const char* bytes, std::size_t count);
@@ -40,6 +42,7 @@ class MessageReader {
   // The body length in the header at the front; call only with a whole header held.
   std::size_t announcedBody() const;
 
+  const std::vector<std::string>* labels;
   std::string buffer;
   // Where the first byte not yet taken as a message stands in `buffer`.
   std::size_t start;

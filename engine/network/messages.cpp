@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cstdint>
-#include <iterator>
 #include <sstream>
 
 #include "ByteWriter.h"
@@ -11,15 +10,14 @@ namespace mv {
 
 static_assert(MESSAGE_HEADER_BYTES == 4, "a message's body length goes as four bytes");
 
-int messageLabelCode(const std::string& label) {
-  const auto found = std::find(std::begin(MESSAGE_LABELS), std::end(MESSAGE_LABELS), label);
-  return found == std::end(MESSAGE_LABELS)
-             ? -1
-             : static_cast<int>(std::distance(std::begin(MESSAGE_LABELS), found));
+int messageLabelCode(const std::string& label, const std::vector<std::string>& labels) {
+  const auto found = std::find(labels.begin(), labels.end(), label);
+  return found == labels.end() ? -1 : static_cast<int>(found - labels.begin());
 }
 
-std::string frameMessage(const std::string& label, const std::string& payload) {
-  const int code = messageLabelCode(label);
+std::string frameMessage(const std::string& label, const std::string& payload,
+                         const std::vector<std::string>& labels) {
+  const int code = messageLabelCode(label, labels);
   const std::size_t body = payload.size() + 1;
   if (code == -1 || body > MAX_MESSAGE_BODY) {
     return "";

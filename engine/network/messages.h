@@ -7,6 +7,7 @@
 
 #include <cstddef>
 #include <string>
+#include <vector>
 
 #include "EventNetwork.h"
 
@@ -25,10 +26,12 @@ struct Message {
 };
 
 // The code of a label on the wire; -1 if messages can't carry it.
-int messageLabelCode(const std::string& label);
+int messageLabelCode(const std::string& label,
+                     const std::vector<std::string>& labels = MESSAGE_LABELS);
 
 // The frame of a message; empty if the label can't travel or the payload is
 // too large for the receiver to take.
-std::string frameMessage(const std::string& label, const std::string& payload);
+std::string frameMessage(const std::string& label, const std::string& payload,
+                         const std::vector<std::string>& labels = MESSAGE_LABELS);
 
 }  // namespace mv

@@ -1,6 +1,9 @@
 // Something that happened on a network socket. Its subclasses name what.
 #pragma once
 
+#include <string>
+#include <vector>
+
 #include "Event.h"
 
 namespace mv {
@@ -12,15 +15,15 @@ inline const std::string NETWORK_CONNECT_EVENT = "mv-network-connect";
 
 // The labels a message between peers may carry, in the order of their codes
 // on the wire; a game gives them meanings of its own.
-inline const std::string MESSAGE_LABELS[] = {
+inline const std::vector<std::string> MESSAGE_LABELS = {
     NETWORK_EVENT,          "mv-network-create",   "mv-network-sync",  "mv-network-delete",
     "mv-network-game-over", "mv-keyboard-network", "mv-mouse-network", "mv-custom-network",
 };
 
 // The labels that each side's own manager raises of its connections, which no
 // peer can send.
-inline const std::string CONNECTION_LABELS[] = {NETWORK_ACCEPT_EVENT, NETWORK_CONNECT_EVENT,
-                                                NETWORK_CLOSE_EVENT};
+inline const std::vector<std::string> CONNECTION_LABELS = {
+    NETWORK_ACCEPT_EVENT, NETWORK_CONNECT_EVENT, NETWORK_CLOSE_EVENT};
 
 // Whether the label belongs to the network: one of the two lists above.
 bool isNetworkEvent(const std::string& label);
