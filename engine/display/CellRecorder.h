@@ -1,5 +1,5 @@
 // A window onto what the display is asked to draw, for tests that compare a
-// whole screen as text. Set one with DisplayManager::setCellRecorder; it then
+// whole screen as text. Add one with DisplayManager::addCellRecorder; it then
 // sees every cell that drawCharacter takes, in headless mode too.
 #pragma once
 

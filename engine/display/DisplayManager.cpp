@@ -181,8 +181,7 @@ DisplayManager::DisplayManager()
       window_vertical_chars(Config::getInstance().getWindowVerticalChars()),
       graphics(std::make_unique<Graphics>()),
       batching(true),
-      composing(true),
-      cell_recorder(nullptr) {
+      composing(true) {
   setType("DisplayManager");
 }
 
@@ -375,12 +374,12 @@ int DisplayManager::drawCharacter(Vector world_pos, char ch, unsigned char r, un
   }
   // Cells are placed on the screen, which shows the world from the view's corner.
   const Vector on_screen = worldToView(world_pos);
-  if (cell_recorder != nullptr) {
-    cell_recorder->recordCell(on_screen, ch, r, g, b);
+  for (CellRecorder* recorder : cell_recorders) {
+    recorder->recordCell(on_screen, ch, r, g, b);
   }
   if (graphics->window == nullptr) {
     // Headless, a recorder stands in for the screen: the cell was taken.
-    return cell_recorder != nullptr ? 0 : -1;
+    return cell_recorders.empty() ? -1 : 0;
   }
   const Vector pixel = spacesToPixels(on_screen);
   const sf::Vector2f glyph_at(pixel.getX(), pixel.getY());
@@ -460,7 +459,7 @@ int DisplayManager::drawString(Vector world_pos, std::string str, Justification 
     return -1;
   }
   // Headless, nothing is drawn, but a recorder still sees the string's cells.
-  if (graphics->window == nullptr && cell_recorder == nullptr) {
+  if (graphics->window == nullptr && cell_recorders.empty()) {
     return -1;
   }
   const int length = static_cast<int>(str.size());
@@ -609,7 +608,16 @@ void DisplayManager::setComposing(bool composed) { composing = composed; }
 
 bool DisplayManager::getComposing() const { return composing; }
 
-void DisplayManager::setCellRecorder(CellRecorder* recorder) { cell_recorder = recorder; }
+void DisplayManager::addCellRecorder(CellRecorder* recorder) {
+  if (std::find(cell_recorders.begin(), cell_recorders.end(), recorder) == cell_recorders.end()) {
+    cell_recorders.push_back(recorder);
+  }
+}
+
+void DisplayManager::removeCellRecorder(CellRecorder* recorder) {
+  cell_recorders.erase(std::remove(cell_recorders.begin(), cell_recorders.end(), recorder),
+                       cell_recorders.end());
+}
 
 int DisplayManager::getHorizontalChars() const { return window_horizontal_chars; }
 

@@ -5,6 +5,7 @@
 
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "CellRecorder.h"
 #include "Color.h"
@@ -76,9 +77,11 @@ class DisplayManager : public Manager {
   void setComposing(bool composed);
   bool getComposing() const;
 
-  // Not owned; null stops the recording. Headless, the recorder stands in for
-  // the screen, and the cells it takes count as drawn.
-  void setCellRecorder(CellRecorder* recorder);
+  // Each recorder added sees every cell drawn until it is removed; not owned.
+  // Headless, recorders stand in for the screen, and the cells they take count
+  // as drawn.
+  void addCellRecorder(CellRecorder* recorder);
+  void removeCellRecorder(CellRecorder* recorder);
 
   int getHorizontalChars() const;
   int getVerticalChars() const;
@@ -111,7 +114,7 @@ class DisplayManager : public Manager {
   std::unique_ptr<Graphics> graphics;
   bool batching;
   bool composing;
-  CellRecorder* cell_recorder;
+  std::vector<CellRecorder*> cell_recorders;
 };
 
 }  // namespace mv

@@ -118,7 +118,7 @@ TEST(DisplayManagerRecorder, SeesEveryCellOfStringsAsJustifiedEvenHeadless) {
       0);
   DisplayManager& display = DisplayManager::getInstance();
   mv_test::TextScreen screen(16, 4);
-  display.setCellRecorder(&screen);
+  display.addCellRecorder(&screen);
 
   display.drawString(Vector(10, 0), "HELLO", mv::LEFT, mv::RED);
   display.drawString(Vector(10, 1), "HELLO", mv::CENTER, mv::GREEN);
@@ -127,7 +127,7 @@ TEST(DisplayManagerRecorder, SeesEveryCellOfStringsAsJustifiedEvenHeadless) {
   display.drawString(Vector(3, 3), "EVEN", mv::CENTER, mv::YELLOW);
   display.drawCharacter(Vector(0.5f, 3.9f), '@', 1, 2, 3, 0);
   display.drawCharacter(Vector(-1, 0), 'x', mv::RED, 0);
-  display.setCellRecorder(nullptr);
+  display.removeCellRecorder(&screen);
   display.drawCharacter(Vector(1, 3), 'z', mv::RED, 0);
 
   EXPECT_EQ(screen.text(),

@@ -29,10 +29,10 @@ TEST_F(GameStartTest, PStartsAGameInAWalledRoomUnderItsThreeDisplays) {
 
   // What the world shows on a 157 by 48 screen, row after row, each ending in a line feed.
   mv_test::TextScreen text_screen(157, 48);
-  mv::DisplayManager::getInstance().setCellRecorder(&text_screen);
+  mv::DisplayManager::getInstance().addCellRecorder(&text_screen);
   mv::WorldManager::getInstance().draw();
   const std::string screen = text_screen.text();
-  mv::DisplayManager::getInstance().setCellRecorder(nullptr);
+  mv::DisplayManager::getInstance().removeCellRecorder(&text_screen);
   const auto cell = [&](int column, int row) { return screen[row * 158 + column]; };
   // Rows 7 and 40 across, and, as 0 to 156 runs through every row between, columns 0 and 156.
   std::string walls;

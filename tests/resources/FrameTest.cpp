@@ -18,7 +18,7 @@ TEST(Frame, FramesAreCentredSkipTheTransparentCharacterAndDrawNoMoreThanTheyHold
       mv_test::startDisplay("headless:true,window_horizontal_chars:12,window_vertical_chars:5,"),
       0);
   mv_test::TextScreen screen(12, 5);
-  mv::DisplayManager::getInstance().setCellRecorder(&screen);
+  mv::DisplayManager::getInstance().addCellRecorder(&screen);
   const Frame ship(3, 2, "/#\\\\#/");
   EXPECT_EQ(ship.draw(Vector(2, 1), mv::RED, 0), 0) << "two high: rows at half a cell";
   const Frame hollow(3, 3, "xxxx.xxxx");
@@ -36,7 +36,7 @@ TEST(Frame, FramesAreCentredSkipTheTransparentCharacterAndDrawNoMoreThanTheyHold
             "            \n"
             "     ab     \n");
 
-  mv::DisplayManager::getInstance().setCellRecorder(nullptr);
+  mv::DisplayManager::getInstance().removeCellRecorder(&screen);
   EXPECT_EQ(Frame(1, 1, "a").draw(Vector(1, 1), mv::RED, 0), -1)
       << "headless without a recorder nothing can be drawn";
 }

@@ -27,8 +27,12 @@ class ViewObjectTest : public mv_test::WorldTest {
     ASSERT_EQ(mv_test::startDisplay("headless:true,window_horizontal_chars:20,"
                                     "window_vertical_chars:5,"),
               0);
-    mv::DisplayManager::getInstance().setCellRecorder(&screen);
+    mv::DisplayManager::getInstance().addCellRecorder(&screen);
     mv::LogManager::getInstance().setFlush(true);
+  }
+  void TearDown() override {
+    mv::DisplayManager::getInstance().removeCellRecorder(&screen);
+    WorldTest::TearDown();
   }
   mv_test::TextScreen screen{20, 5};
 };
