@@ -132,7 +132,7 @@ std::string Config::readConfig() {
 std::string Config::match(std::string key) const { return mv::match(config, std::move(key)); }
 
 void Config::loadConfig(std::string text) {
-  config = text.empty() ? readConfig() : std::move(text);
+  config = overrides + (text.empty() ? readConfig() : std::move(text));
   mv::match(config, "");
 
   // Each key keeps its field when its value is absent or empty.
@@ -173,6 +173,8 @@ void Config::loadConfig(std::string text) {
   readString("logfile", logfile);
   readInt("random_seed", random_seed);
   readBool("networking", networking);
+  readInt("watch_port", watch_port);
+  readString("watch_address", watch_address);
   readInt("grid_width", grid_width);
   readInt("grid_height", grid_height);
   readInt("quadtree_depth", quadtree_depth);
@@ -240,12 +242,17 @@ void Config::logConfig() const {
   lm.writeLog(1, "  Log file: %s", logfile.c_str());
   lm.writeLog(1, "  Random seed: %d", random_seed);
   lm.writeLog(1, "  Networking: %s", boolToString(networking));
+  lm.writeLog(1, "  Watch port: %d at %s", watch_port, watch_address.c_str());
   lm.writeLog(1, "  Scene graph: grid");
   lm.writeLog(1, "  Grid width: %d", grid_width);
   lm.writeLog(1, "  Grid height: %d", grid_height);
   lm.writeLog(1, "%s", dashes.c_str());
 }
 
+void Config::setOverrides(std::string entries) { overrides = std::move(entries); }
+
+int Config::getWatchPort() const { return watch_port; }
+std::string Config::getWatchAddress() const { return watch_address; }
 int Config::getWindowHorizontalPixels() const { return window_horizontal_pixels; }
 int Config::getWindowVerticalPixels() const { return window_vertical_pixels; }
 int Config::getWindowHorizontalChars() const { return window_horizontal_chars; }

@@ -23,6 +23,10 @@ class Config {
   // Fills the settings from `config`, or from the configuration file when it is empty.
   void loadConfig(std::string config = "");
 
+  // Entries that go before the loaded text at every later load, and so win
+  // over its own for the keys they name: what a program's command line asks.
+  void setOverrides(std::string entries);
+
   // The lines of the file named by MORVANE_CONFIG, else "mv-config.txt", joined,
   // without comments and empty lines; empty if it can't be opened.
   std::string readConfig();
@@ -50,6 +54,10 @@ class Config {
   bool getNetworking() const;
   int getGridWidth() const;
   int getGridHeight() const;
+  // The port that watchers of the game connect to; 0 when nobody may watch.
+  int getWatchPort() const;
+  // Where watchers are listened for: "127.0.0.1" (this machine alone) or "0.0.0.0" (everywhere).
+  std::string getWatchAddress() const;
 
  private:
   Config();
@@ -57,6 +65,7 @@ class Config {
   void readWindowStyle();
   void readWindowState();
 
+  std::string overrides;
   std::string config;
   int window_horizontal_pixels = 1024;
   int window_vertical_pixels = 768;
@@ -74,6 +83,8 @@ class Config {
   std::string logfile = "morvane.log";
   int random_seed = 0;
   bool networking = true;
+  int watch_port = 0;
+  std::string watch_address = "127.0.0.1";
   // Parsed and kept, though nothing in the engine reads them.
   int quadtree_threshold = 1;
   int quadtree_depth = 10;

@@ -17,6 +17,7 @@
 #include "NetworkManager.h"
 #include "PathManager.h"
 #include "ResourceManager.h"
+#include "ScreenMirror.h"
 #include "WorldManager.h"
 #include "platform.h"
 
@@ -102,6 +103,7 @@ int GameManager::startUp() {
   log().writeLog(1, "Path manager started");
 
   giveTheWorldTheDisplaysSize();
+  letWatchersIn();
 
   seedRandomGenerator();
   if (platform::beginTimerPeriod(1) == platform::TIMER_NO_CAN_DO) {
@@ -124,6 +126,15 @@ void GameManager::giveTheWorldTheDisplaysSize() const {
   world.setBoundary(screen);
   world.setView(screen);
   world.setViewSlack(Vector(1.0f / 3.0f, 1.0f / 3.0f));
+}
+
+// A game that the configuration lets watchers see is shown to them, but one
+// that can't be is still played.
+void GameManager::letWatchersIn() const {
+  const Config& config = Config::getInstance();
+  if (config.getWatchPort() != 0) {
+    ScreenMirror::getInstance().start(config.getWatchPort(), config.getWatchAddress());
+  }
 }
 
 void GameManager::writeWorkingDirectory() const {
@@ -151,6 +162,7 @@ void GameManager::seedRandomGenerator() const {
 void GameManager::shutDown() {
   game_over = true;
   platform::releaseStopSignals();
+  ScreenMirror::getInstance().stop();
   if (platform::endTimerPeriod(1) == platform::TIMER_NO_CAN_DO) {
     log().writeLog(1, "GameManager()::shutDown(): Warning! timeEndPeriod() cannot accept 1 msec.");
   }
@@ -192,6 +204,7 @@ void GameManager::run() {
     InputManager::getInstance().getInput();
     WorldManager::getInstance().update();
     WorldManager::getInstance().draw();
+    ScreenMirror::getInstance().sendFrame(step_count);
     if (Config::getInstance().getNetworking()) {
       pollNetwork();
     }

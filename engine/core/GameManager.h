@@ -36,6 +36,7 @@ class GameManager : public Manager {
  private:
   GameManager();
   void giveTheWorldTheDisplaysSize() const;
+  void letWatchersIn() const;
   void writeWorkingDirectory() const;
   void seedRandomGenerator() const;
   void pollNetwork() const;

@@ -49,6 +49,9 @@ long sendSome(int socket, const void* buffer, std::size_t bytes);
 // has closed its side, or -1.
 long receiveSome(int socket, void* buffer, std::size_t capacity);
 
+// Holds what the system keeps waiting to go out on `socket` to about `bytes`.
+int limitSendBuffer(int socket, int bytes);
+
 int closeSocket(int socket);
 
 // The error code of the last failed call.

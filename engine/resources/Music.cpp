@@ -3,6 +3,7 @@
 #include <SFML/Audio/Music.hpp>
 #include <utility>
 
+#include "AudioListener.h"
 #include "LogManager.h"
 #include "audioDevice.h"
 
@@ -20,6 +21,7 @@ std::string Music::getLabel() const { return label; }
 
 void Music::play(bool loop) {
   LogManager::getInstance().writeLog(5, "Music::play(): Playing music.");
+  tellAudioListener(true, loop ? AUDIO_LOOPED : AUDIO_PLAYED, label);
   if (!audioDeviceOpened()) {
     return;
   }
@@ -29,6 +31,7 @@ void Music::play(bool loop) {
 
 void Music::stop() {
   LogManager::getInstance().writeLog(5, "Music::stop(): Stopping music.");
+  tellAudioListener(true, AUDIO_STOPPED, label);
   music->stop();
 }
 

@@ -4,6 +4,7 @@
 #include <SFML/Audio/SoundBuffer.hpp>
 #include <utility>
 
+#include "AudioListener.h"
 #include "LogManager.h"
 #include "audioDevice.h"
 
@@ -32,6 +33,9 @@ std::string Sound::getLabel() const { return label; }
 
 void Sound::play(bool loop) {
   LogManager::getInstance().writeLog(5, "Sound::play(): Playing sound.");
+  if (sound != nullptr) {
+    tellAudioListener(false, loop ? AUDIO_LOOPED : AUDIO_PLAYED, label);
+  }
   if (sound != nullptr && audioDeviceOpened()) {
     sound->play();
     sound->setLoop(loop);
@@ -40,6 +44,7 @@ void Sound::play(bool loop) {
 
 void Sound::stop() {
   if (sound != nullptr) {
+    tellAudioListener(false, AUDIO_STOPPED, label);
     sound->stop();
   }
 }

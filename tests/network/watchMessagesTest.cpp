@@ -1,0 +1,100 @@
+#include "watchMessages.h"
+
+#include <gtest/gtest.h>
+
+#include "LogManager.h"
+#include "ScratchDirectory.h"
+#include "TextScreen.h"
+
+namespace {
+
+using mv::ScreenGrid;
+using mv::Vector;
+
+// The text and colours of a grid, as the display would show it.
+std::string shown(const ScreenGrid& grid) {
+  mv_test::TextScreen screen(grid.getWidth(), grid.getHeight());
+  const auto width = static_cast<std::size_t>(grid.getWidth());
+  for (std::size_t i = 0; i < grid.getCells().size(); i++) {
+    const mv::ScreenCell& cell = grid.getCells()[i];
+    if (cell.drawn) {
+      screen.recordCell(Vector(static_cast<float>(i % width), static_cast<float>(i / width)),
+                        cell.character, cell.r, cell.g, cell.b);
+    }
+  }
+  return screen.text() + screen.colors();
+}
+
+TEST(WatchMessages, AScreenArrivesAsItWasDrawnWholeOrByItsChanges) {
+  ScreenGrid before(6, 3);
+  before.recordCell(Vector(0, 0), 'a', 255, 0, 0);
+  before.recordCell(Vector(5, 2), 'z', 1, 2, 3);
+  before.recordCell(Vector(2.7f, 1.2f), ' ', 0, 0, 255);
+  ScreenGrid now = before;
+  now.recordCell(Vector(5, 2), 'y', 1, 2, 3);
+  now.recordCell(Vector(6, 0), 'x', 0, 0, 0);
+  now.setCell(0, mv::ScreenCell());
+
+  ScreenGrid watched(6, 3);
+  int step = -1;
+  ASSERT_TRUE(mv::applyScreenChanges(mv::screenChanges(7, nullptr, before), watched, step));
+  EXPECT_EQ(step, 7);
+  EXPECT_EQ(shown(watched), shown(before));
+  const std::string changes = mv::screenChanges(8, &before, now);
+  EXPECT_LT(changes.size(), mv::screenChanges(8, nullptr, now).size());
+  ASSERT_TRUE(mv::applyScreenChanges(changes, watched, step));
+  EXPECT_EQ(step, 8);
+  EXPECT_EQ(shown(watched), shown(now));
+  ASSERT_TRUE(mv::applyScreenChanges(mv::screenChanges(9, nullptr, now), watched, step));
+  EXPECT_EQ(shown(watched), shown(now)) << "a whole screen clears what it does not name";
+}
+
+TEST(WatchMessages, AMessageCutOrReachingPastTheGridIsRefusedAndWritesNothingOutside) {
+  mv_test::ScratchDirectory scratch;
+  mv::LogManager::getInstance().startUp();
+  ScreenGrid big(10, 10);
+  big.recordCell(Vector(9, 9), '#', 9, 9, 9);
+  const std::string screen = mv::screenChanges(1, nullptr, big);
+  ScreenGrid small(4, 4);
+  int step = 0;
+  EXPECT_FALSE(mv::applyScreenChanges(screen, small, step)) << "cell 99 of a grid of 16";
+  EXPECT_FALSE(mv::applyScreenChanges(screen.substr(0, screen.size() - 1), big, step));
+  EXPECT_EQ(shown(small), shown(ScreenGrid(4, 4)));
+
+  mv::WatchedScreen hello;
+  EXPECT_FALSE(mv::readHelloToWatcher("", hello));
+  mv::WatchedScreen huge{mv::MOST_WATCHED_CELLS + 1, 10, 100, 100, "x"};
+  EXPECT_FALSE(mv::readHelloToWatcher(mv::helloToWatcher(huge), hello));
+  mv::WatchedScreen fine{157, 48, 1570, 960, "Rustline"};
+  ASSERT_TRUE(mv::readHelloToWatcher(mv::helloToWatcher(fine), hello));
+  EXPECT_EQ(hello.title, "Rustline");
+  EXPECT_TRUE(mv::readHelloFromWatcher(mv::helloFromWatcher()));
+  EXPECT_FALSE(mv::readHelloFromWatcher(mv::helloFromWatcher() + "x"));
+}
+
+TEST(WatchMessages, AnAddressIsAHostAndAPortOrTheWatchersOwn) {
+  const struct {
+    const char* address;
+    bool good;
+    const char* host;
+    int port;
+  } cases[] = {
+      {"example.org", true, "example.org", mv::DEFAULT_WATCH_PORT},
+      {"127.0.0.1:9000", true, "127.0.0.1", 9000},
+      {"host:", false, "", 0},
+      {"host:70000", false, "", 0},
+      {"host:12a", false, "", 0},
+      {":80", false, "", 0},
+  };
+  for (const auto& c : cases) {
+    std::string host;
+    int port = 0;
+    EXPECT_EQ(mv::parseWatchAddress(c.address, host, port), c.good) << c.address;
+    if (c.good) {
+      EXPECT_EQ(host, c.host);
+      EXPECT_EQ(port, c.port);
+    }
+  }
+}
+
+}  // namespace
