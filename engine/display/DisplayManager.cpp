@@ -627,6 +627,12 @@ int DisplayManager::getHorizontalPixels() const { return window_horizontal_pixel
 
 int DisplayManager::getVerticalPixels() const { return window_vertical_pixels; }
 
+void DisplayManager::setWindowTitle(const std::string& title) {
+  if (graphics->window != nullptr) {
+    graphics->window->setTitle(title);
+  }
+}
+
 sf::RenderWindow* DisplayManager::getWindow() const { return graphics->window.get(); }
 
 int DisplayManager::draw(const sf::Drawable& drawable) {

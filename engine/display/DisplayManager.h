@@ -88,6 +88,9 @@ class DisplayManager : public Manager {
   int getHorizontalPixels() const;
   int getVerticalPixels() const;
 
+  // Puts `title` on the window's title bar, white space and all; nothing headless.
+  void setWindowTitle(const std::string& title);
+
   // May be null. For the window's events and settings: drawing goes through draw().
   sf::RenderWindow* getWindow() const;
 

@@ -171,10 +171,12 @@ bool readSoundToWatcher(const std::string& payload, WatchedSound& sound) {
   std::istringstream stream(payload);
   ByteReader in(stream, "readSoundToWatcher()");
   WatchedSound read;
-  if (!(in.readBool(read.music) && in.readInt(read.action) && in.readString(read.label)) ||
-      read.action < 0 || read.action > 2) {
+  int action = -1;
+  if (!(in.readBool(read.music) && in.readInt(action) && in.readString(read.label)) ||
+      action < AUDIO_STOPPED || action > AUDIO_LOOPED) {
     return sayMalformed("sound");
   }
+  read.action = static_cast<AudioAction>(action);
   sound = read;
   return true;
 }

@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "AudioListener.h"
 #include "ScreenGrid.h"
 
 namespace mv {
@@ -57,8 +58,7 @@ bool applyScreenChanges(const std::string& payload, ScreenGrid& grid, int& step)
 // A sound or piece of music that the game started or stopped.
 struct WatchedSound {
   bool music = false;
-  // 0 stops it, 1 plays it once, 2 plays it looped.
-  int action = 0;
+  AudioAction action = AUDIO_STOPPED;
   std::string label;
 };
 
