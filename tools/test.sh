@@ -53,7 +53,7 @@ run_fuzzers() {
     return
   fi
   local name
-  for name in sprite config record network; do
+  for name in sprite config record network watch; do
     run_fuzzer "$name" || failed+=("fuzz/$name")
   done
 }
