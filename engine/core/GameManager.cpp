@@ -201,10 +201,11 @@ void GameManager::run() {
     const EventStep step(step_count);
     onEvent(&step);
     DisplayManager::getInstance().swapBuffers();
+    // Watchers get the picture the window shows from now on: the last frame's.
+    ScreenMirror::getInstance().sendFrame(step_count - 1);
     InputManager::getInstance().getInput();
     WorldManager::getInstance().update();
     WorldManager::getInstance().draw();
-    ScreenMirror::getInstance().sendFrame(step_count);
     if (Config::getInstance().getNetworking()) {
       pollNetwork();
     }

@@ -11,7 +11,8 @@ bool ScreenCell::operator==(const ScreenCell& other) const {
   if (drawn != other.drawn) {
     return false;
   }
-  return !drawn || (character == other.character && r == other.r && g == other.g && b == other.b);
+  return !drawn || (character == other.character && r == other.r && g == other.g &&
+                    b == other.b && across == other.across && down == other.down);
 }
 
 bool ScreenCell::operator!=(const ScreenCell& other) const { return !(*this == other); }
@@ -30,7 +31,7 @@ void ScreenGrid::recordCell(Vector position, char character, unsigned char r, un
   }
   const auto index = static_cast<std::size_t>(y) * static_cast<std::size_t>(width) +
                      static_cast<std::size_t>(x);
-  cells[index] = ScreenCell{character, r, g, b, true};
+  cells[index] = ScreenCell{character, r, g, b, position.getX() - x, position.getY() - y, true};
 }
 
 void ScreenGrid::clear() { std::fill(cells.begin(), cells.end(), ScreenCell()); }
@@ -56,7 +57,8 @@ void ScreenGrid::draw() const {
     if (cell.drawn) {
       const auto column = static_cast<float>(i % static_cast<std::size_t>(width));
       const auto row = static_cast<float>(i / static_cast<std::size_t>(width));
-      display.drawCharacter(Vector(column, row), cell.character, cell.r, cell.g, cell.b, 0.0f);
+      const Vector at(column + cell.across, row + cell.down);
+      display.drawCharacter(at, cell.character, cell.r, cell.g, cell.b, 0.0f);
     }
   }
 }

@@ -15,6 +15,10 @@ struct ScreenCell {
   unsigned char r = 0;
   unsigned char g = 0;
   unsigned char b = 0;
+  // Where in its whole cell it was drawn, in parts of a cell from 0 up to 1:
+  // exactly, so that the whole cell and these give its position back.
+  float across = 0.0f;
+  float down = 0.0f;
   bool drawn = false;
 
   bool operator==(const ScreenCell& other) const;
@@ -26,8 +30,8 @@ class ScreenGrid : public CellRecorder {
   // A grid of `width` by `height` cells, none of them drawn.
   ScreenGrid(int width, int height);
 
-  // A cell lands in the whole cell that holds its position (fractions round
-  // down); one off the grid is dropped.
+  // A cell lands in the whole cell that holds its position, which keeps the
+  // fractions as well; one off the grid is dropped.
   void recordCell(Vector position, char character, unsigned char r, unsigned char g,
                   unsigned char b) override;
 
@@ -41,7 +45,7 @@ class ScreenGrid : public CellRecorder {
   // Sets the cell at `index` in that order; an index off the grid is refused with false.
   bool setCell(std::size_t index, const ScreenCell& cell);
 
-  // Draws every drawn cell at its whole cell, in the display's own order.
+  // Draws every drawn cell where it was drawn, row by row.
   void draw() const;
 
  private:

@@ -35,8 +35,9 @@ class ScreenMirror : public AudioListener {
   // The port watchers connect to; -1 when not running.
   int getPort() const;
 
-  // Takes new watchers, reads what watchers sent, and sends each one this
-  // frame, which the display has drawn since the last call.
+  // Takes new watchers, reads what watchers sent, and sends each one the
+  // picture of game step `step`: what the display was asked to draw since the
+  // last call, which the window shows once its buffers are swapped.
   void sendFrame(int step);
 
   int getWatcherCount() const;

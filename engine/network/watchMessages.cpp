@@ -12,6 +12,9 @@ namespace mv {
 namespace {
 
 constexpr std::uint32_t WATCH_VERSION = 1;
+// The least a drawn cell takes: its character, red, green and blue, and
+// whether it stands off the corner of its whole cell.
+constexpr std::size_t BYTES_PER_CELL = 5;
 
 // A run of neighbouring cells, in the grid's order, all drawn or all not.
 void writeRun(ByteWriter& out, const std::vector<ScreenCell>& cells, std::size_t first,
@@ -25,11 +28,30 @@ void writeRun(ByteWriter& out, const std::vector<ScreenCell>& cells, std::size_t
     out.writeByte(cells[i].r);
     out.writeByte(cells[i].g);
     out.writeByte(cells[i].b);
+    const bool whole_cell = cells[i].across == 0.0f && cells[i].down == 0.0f;
+    out.writeBool(!whole_cell);
+    if (!whole_cell) {
+      out.writeFloat(cells[i].across);
+      out.writeFloat(cells[i].down);
+    }
   }
 }
 
 bool changed(const ScreenGrid* before, const std::vector<ScreenCell>& now, std::size_t i) {
   return before == nullptr ? now[i].drawn : before->getCells()[i] != now[i];
+}
+
+// A place off the corner of the whole cell lies within it, or the cell would
+// be drawn outside the grid.
+bool readPlace(ByteReader& in, ScreenCell& cell) {
+  bool off_corner = false;
+  cell.across = cell.down = 0.0f;
+  if (!in.readBool(off_corner)) {
+    return false;
+  }
+  const auto within = [](float part) { return part >= 0.0f && part < 1.0f; };
+  return !off_corner || (in.readFloat(cell.across) && in.readFloat(cell.down) &&
+                         within(cell.across) && within(cell.down));
 }
 
 bool readRun(ByteReader& in, ScreenGrid& grid) {
@@ -38,7 +60,7 @@ bool readRun(ByteReader& in, ScreenGrid& grid) {
   int count = 0;
   bool drawn = false;
   if (!in.readUnsigned(first) || first > size || !in.readBool(drawn) ||
-      !in.readCount(count, drawn ? 4 : 0, size - first)) {
+      !in.readCount(count, drawn ? BYTES_PER_CELL : 0, size - first)) {
     return false;
   }
   ScreenCell cell;
@@ -46,7 +68,7 @@ bool readRun(ByteReader& in, ScreenGrid& grid) {
   for (int i = 0; i < count; i++) {
     unsigned char character = ' ';
     if (drawn && !(in.readByte(character) && in.readByte(cell.r) && in.readByte(cell.g) &&
-                   in.readByte(cell.b))) {
+                   in.readByte(cell.b) && readPlace(in, cell))) {
       return false;
     }
     cell.character = static_cast<char>(character);
