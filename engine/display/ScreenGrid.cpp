@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "DisplayManager.h"
 
@@ -35,6 +36,12 @@ void ScreenGrid::recordCell(Vector position, char character, unsigned char r, un
 }
 
 void ScreenGrid::clear() { std::fill(cells.begin(), cells.end(), ScreenCell()); }
+
+void ScreenGrid::swapCells(ScreenGrid& other) {
+  std::swap(width, other.width);
+  std::swap(height, other.height);
+  cells.swap(other.cells);
+}
 
 int ScreenGrid::getWidth() const { return width; }
 

@@ -37,6 +37,8 @@ class ScreenGrid : public CellRecorder {
 
   // Every cell back to not drawn, as the display's buffer is at a frame's start.
   void clear();
+  // Trades cells with `other`, as swapping a display's buffers does.
+  void swapCells(ScreenGrid& other);
 
   int getWidth() const;
   int getHeight() const;

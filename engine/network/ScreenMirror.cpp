@@ -108,7 +108,7 @@ void ScreenMirror::sendFrame(int step) {
       index++;
     }
   }
-  shown = drawn;
+  shown.swapCells(drawn);
   drawn.clear();
   sounds.clear();
   changes_message.clear();
