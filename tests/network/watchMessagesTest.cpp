@@ -55,6 +55,17 @@ TEST(WatchMessages, AMessageCutOrReachingPastTheGridIsRefusedAndWritesNothingOut
   EXPECT_EQ(hello.title, "Rustline");
   EXPECT_TRUE(mv::readHelloFromWatcher(mv::helloFromWatcher()));
   EXPECT_FALSE(mv::readHelloFromWatcher(mv::helloFromWatcher() + "x"));
+
+  mv::WatchedSound heard;
+  for (const mv::AudioAction action : {mv::AUDIO_STOPPED, mv::AUDIO_PLAYED, mv::AUDIO_LOOPED}) {
+    ASSERT_TRUE(mv::readSoundToWatcher(mv::soundToWatcher({true, action, "theme"}), heard));
+    EXPECT_EQ(heard.action, action);
+    EXPECT_TRUE(heard.music);
+  }
+  mv::WatchedSound unknown{false, mv::AUDIO_LOOPED, "shoot"};
+  std::string payload = mv::soundToWatcher(unknown);
+  payload[1] = 3;
+  EXPECT_FALSE(mv::readSoundToWatcher(payload, heard)) << "no action 3";
 }
 
 TEST(WatchMessages, AnAddressIsAHostAndAPortOrTheWatchersOwn) {
