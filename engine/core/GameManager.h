@@ -5,11 +5,9 @@
 #include <string>
 
 #include "Manager.h"
+#include "MorvaneVersion.h"
 
 namespace mv {
-
-// The engine's version, written in the log's banner.
-constexpr double MORVANE_VERSION = 4.21;
 
 class GameManager : public Manager {
  public:

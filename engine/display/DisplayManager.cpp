@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cctype>
 #include <cstdlib>
+#include <filesystem>
 #include <new>
 
 #include "CellBatch.h"
@@ -61,6 +62,24 @@ bool endsWithPng(const std::string& file) {
   return std::equal(
       suffix.begin(), suffix.end(), file.end() - suffix.size(),
       [](char want, char have) { return want == std::tolower(static_cast<unsigned char>(have)); });
+}
+
+// The font file to open for `wanted`: itself if it is there; else the first
+// that is of the same name beside the program, the installed engine's copy of
+// its font, and the system's. `wanted` when none is, so that its name is told.
+std::string findFont(const std::string& wanted) {
+  namespace fs = std::filesystem;
+  std::error_code failed;
+  const fs::path program = fs::read_symlink("/proc/self/exe", failed);
+  const std::string candidates[] = {
+      wanted, failed ? std::string() : (program.parent_path() / fs::path(wanted).filename()).string(),
+      std::string(MORVANE_DATA_DIR) + "/mv-font.ttf", MORVANE_SYSTEM_FONT};
+  for (const std::string& candidate : candidates) {
+    if (!candidate.empty() && fs::is_regular_file(candidate, failed)) {
+      return candidate;
+    }
+  }
+  return wanted;
 }
 
 // White for colours that carry no red, green and blue of their own.
@@ -282,7 +301,12 @@ int DisplayManager::createWindow() {
 }
 
 int DisplayManager::loadFont() {
-  const std::string file = Config::getInstance().getFontFile();
+  const std::string wanted = Config::getInstance().getFontFile();
+  const std::string file = findFont(wanted);
+  if (file != wanted) {
+    log().writeLog("DisplayManager::startUp(): Font '%s' is not in the working directory; taking '%s'.",
+                   wanted.c_str(), file.c_str());
+  }
   graphics->font = std::make_unique<sf::Font>();
   if (!graphics->font->loadFromFile(file)) {
     log().writeLog("DisplayManager::startUp(): Error! Unable to open font from file '%s'.",

@@ -301,16 +301,26 @@ TEST(DisplayWindowStartUp, TakesTheDesktopsSizeForZeroPixelsAndHoldsOddFontScale
   EXPECT_TRUE(mv_test::logged(expected));
 }
 
-TEST(DisplayWindowStartUp, MissingFontStopsTheGameFromStarting) {
+// A font that isn't in the game's folder is taken from the system; one that
+// is there but is no font stops the game from starting.
+TEST(DisplayWindowStartUp, AFontMissingIsTakenFromTheSystemAndABrokenOneStopsTheStart) {
   mv_test::ScratchDirectory scratch;
   scratch.write("mv-config.txt", "font_file:no-such-font.ttf,");
   mv::GameManager& game = mv::GameManager::getInstance();
+  EXPECT_EQ(game.startUp(), 0);
+  game.shutDown();
+  EXPECT_TRUE(mv_test::logged(
+      "DisplayManager::startUp(): Font 'no-such-font.ttf' is not in the working directory; "
+      "taking '/usr/share/fonts/truetype/dejavu/DejaVuSansMono.ttf'."));
+
+  scratch.write("mv-config.txt", "font_file:not-a-font.ttf,");
+  scratch.write("not-a-font.ttf", "no glyphs here");
   EXPECT_EQ(game.startUp(), -1);
   EXPECT_FALSE(DisplayManager::getInstance().isStarted());
   game.shutDown();
   EXPECT_TRUE(mv_test::inOrder(
       mv_test::logFileMessages(),
-      {"DisplayManager::startUp(): Error! Unable to open font from file 'no-such-font.ttf'.",
+      {"DisplayManager::startUp(): Error! Unable to open font from file 'not-a-font.ttf'.",
        "GameManager::startUp(): Error! Starting display manager."}));
 }
 
