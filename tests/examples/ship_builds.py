@@ -55,6 +55,22 @@ def check_headers(prefix, output, flags):
         run(["g++", "-fsyntax-only", unit] + flags)
 
 
+def check_package(build, output):
+    """The Debian package of this build: its name, what it needs, and what it holds."""
+    run(["cpack", "-G", "DEB", "-B", os.path.join(output, "package")], cwd=build)
+    debs = glob.glob(os.path.join(output, "package", "libmorvane-dev_*.deb"))
+    if not debs:
+        raise Failure("cpack made no libmorvane-dev package")
+    control = run(["dpkg-deb", "-I", debs[0]])
+    files = run(["dpkg-deb", "-c", debs[0]])
+    wanted = ["libsfml-dev", "fonts-dejavu-core"]
+    held = ["libmorvane.a", "MorvaneConfig.cmake", "MorvaneConfigVersion.cmake", "morvane.pc",
+            "share/morvane/mv-font.ttf", "include/morvane/GameManager.h"]
+    missing = [w for w in wanted if w not in control] + [h for h in held if h not in files]
+    if missing:
+        raise Failure("the package lacks " + ", ".join(missing))
+
+
 def play(ship, source, output, name):
     """Runs a ship in a folder of its own, sends Q, and checks its log."""
     folder = os.path.join(output, "run-" + name)
@@ -102,6 +118,7 @@ def main():
         env = dict(os.environ, PKG_CONFIG_PATH=os.path.dirname(found[0]) if found else "")
         pkg = run(["pkg-config", "--cflags", "--libs", "morvane"], env=env).split()
         check_headers(prefix, output, [f for f in pkg if f.startswith("-I") or f.startswith("-std")])
+        check_package(build, output)
 
         ships = {}
         package = os.path.join(output, "by-package")
