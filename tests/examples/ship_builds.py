@@ -18,6 +18,7 @@ import sys
 import time
 
 SANITIZER_FLAGS = "-fsanitize=address,undefined -fno-omit-frame-pointer"
+SYSTEM_FONT = "/usr/share/fonts/truetype/dejavu/DejaVuSansMono.ttf"
 # A few of the engine's own workings, which a game never includes.
 PRIVATE_HEADERS = ["CellBatch.h", "WindowPainter.h", "sockets.h", "InputSource.h"]
 
@@ -71,8 +72,9 @@ def check_package(build, output):
         raise Failure("the package lacks " + ", ".join(missing))
 
 
-def play(ship, source, output, name):
-    """Runs a ship in a folder of its own, sends Q, and checks its log."""
+def play(ship, source, output, name, font):
+    """Runs a ship in a folder of its own, sends Q, and checks its log, which
+    must say that the font was taken from `font`."""
     folder = os.path.join(output, "run-" + name)
     os.makedirs(folder, exist_ok=True)
     for data in ("ship-spr.txt", "mv-config.txt"):
@@ -99,8 +101,8 @@ def play(ship, source, output, name):
         if program.poll() is None:
             program.kill()
     log = open(os.path.join(folder, "morvane.log")).read().splitlines()
-    if not log[-1].endswith("** Game engine stopped **") or \
-            not any("is not in the working directory; taking" in line for line in log):
+    taken = "Font 'mv-font.ttf' is not in the working directory; taking '%s'." % font
+    if not log[-1].endswith("** Game engine stopped **") or not any(taken in l for l in log):
         raise Failure("the %s ship's log:\n%s" % (name, "\n".join(log)))
 
 
@@ -127,9 +129,13 @@ def main():
         run(["cmake", "--build", package])
         ships["find_package"] = os.path.join(package, "ship")
 
-        ships["pkg-config"] = os.path.join(output, "ship-by-pkg-config")
+        ships["pkg-config"] = os.path.join(output, "pkg-config", "ship")
+        os.makedirs(os.path.dirname(ships["pkg-config"]))
         run(["g++", "-std=c++17", os.path.join(source, "examples", "ship", "main.cpp"), "-o",
              ships["pkg-config"]] + extra + pkg)
+        # This one has a font of its own beside it, which goes before the system's.
+        beside = os.path.join(output, "pkg-config", "mv-font.ttf")
+        shutil.copy(os.path.join(prefix, "share", "morvane", "mv-font.ttf"), beside)
 
         checkout = os.path.join(output, "from-checkout")
         os.makedirs(checkout)
@@ -145,7 +151,7 @@ def main():
         ships["add_subdirectory"] = os.path.join(checkout, "build", "ship")
 
         for name, ship in ships.items():
-            play(ship, source, output, name)
+            play(ship, source, output, name, beside if name == "pkg-config" else SYSTEM_FONT)
     except (Failure, subprocess.SubprocessError) as failure:
         print("FAILED:", failure)
         return 1
