@@ -58,6 +58,35 @@ bool ByteReader::readFloat(float& value) {
   return true;
 }
 
+bool ByteReader::readInRange(int& value, int low, int high) {
+  int read;
+  if (!readInt(read)) {
+    return false;
+  }
+  if (read < low || read > high) {
+    LogManager::getInstance().writeLog("%s: Error! Number %d is not in [%d,%d].", where, read, low,
+                                       high);
+    return fail();
+  }
+  value = read;
+  return true;
+}
+
+bool ByteReader::readInRange(float& value, float low, float high) {
+  float read;
+  if (!readFloat(read)) {
+    return false;
+  }
+  if (read < low || read > high) {
+    LogManager::getInstance().writeLog("%s: Error! Number %g is not in [%g,%g].", where,
+                                       static_cast<double>(read), static_cast<double>(low),
+                                       static_cast<double>(high));
+    return fail();
+  }
+  value = read;
+  return true;
+}
+
 bool ByteReader::readBool(bool& value) {
   unsigned char byte;
   if (!readByte(byte)) {

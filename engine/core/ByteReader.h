@@ -26,6 +26,9 @@ class ByteReader {
   bool readUnsigned(std::uint32_t& value);
   // Refuses a number that is not finite: no position or speed is ever meant to be one.
   bool readFloat(float& value);
+  // Refuse also a number outside [low, high], naming it and the range in the log.
+  bool readInRange(int& value, int low, int high);
+  bool readInRange(float& value, float low, float high);
   // Any byte but 0 reads as true.
   bool readBool(bool& value);
   bool readByte(unsigned char& value);
