@@ -65,4 +65,41 @@ TEST_F(PathFindAgreementTest, TheEngineSearchesExactlyAsThePlainSearch) {
   EXPECT_GT(expansions, 10000) << "the worlds should make the searches work";
 }
 
+// Walls reaching far past the world, as a long flight may leave them: both
+// searches must see the same walls, and one past what an int holds must still
+// block where it crosses the world.
+TEST_F(PathFindAgreementTest, HardObjectsFarBeyondTheWorldBlockAlike) {
+  const float far = 3e9f;
+  const float bound = mv::MAX_WORLD_MAGNITUDE;
+  const struct {
+    const char* what;
+    Vector position;
+    mv::Box box;
+    bool way_through;
+  } walls[] = {
+      {"far off, touching nothing", {far, -far}, mv::Box(Vector(-0.5f, -0.5f), 1, 1), true},
+      {"from far left to far right", {10, 6}, mv::Box(Vector(-far, -0.5f), 2 * far, 1), false},
+      {"from far above to far below", {10, 6}, mv::Box(Vector(-0.5f, -far), 1, 2 * far), false},
+      // A wall that holds the end blocks nothing.
+      {"over all the world", {-far, -far}, mv::Box(Vector(0, 0), 2 * far, 2 * far), true},
+      {"in from the bound, short of the right",
+       {-bound, 6},
+       mv::Box(Vector(0, -0.5f), bound + 12, 1),
+       true},
+  };
+  for (const auto& wall : walls) {
+    SCOPED_TRACE(wall.what);
+    mv::WorldManager::getInstance().shutDown();
+    mv::WorldManager::getInstance().startUp();
+    setWorldSize(20, 12);
+    auto* hard = new mv_test::RecordingObject("wall", wall.position, mv::HARD);
+    hard->setBox(wall.box);
+    auto* walker = new mv_test::RecordingObject("walker", Vector(2, 2), mv::SOFT);
+    mv::PathFind fast(walker, Vector(17, 10));
+    mv::ReferencePathFind reference(walker, Vector(17, 10));
+    expectSameExpansions(fast, reference);
+    EXPECT_EQ(fast.getPath().getNodes().empty(), !wall.way_through);
+  }
+}
+
 }  // namespace
