@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "LogManager.h"
+#include "utility.h"
 
 namespace mv {
 
@@ -60,27 +61,20 @@ bool ByteReader::readFloat(float& value) {
 
 bool ByteReader::readInRange(int& value, int low, int high) {
   int read;
-  if (!readInt(read)) {
-    return false;
-  }
-  if (read < low || read > high) {
-    LogManager::getInstance().writeLog("%s: Error! Number %d is not in [%d,%d].", where, read, low,
-                                       high);
-    return fail();
-  }
-  value = read;
-  return true;
+  return readInt(read) && keepInRange(read, value, low, high);
 }
 
 bool ByteReader::readInRange(float& value, float low, float high) {
   float read;
-  if (!readFloat(read)) {
-    return false;
-  }
+  return readFloat(read) && keepInRange(read, value, low, high);
+}
+
+template <typename Number>
+bool ByteReader::keepInRange(Number read, Number& value, Number low, Number high) {
   if (read < low || read > high) {
-    LogManager::getInstance().writeLog("%s: Error! Number %g is not in [%g,%g].", where,
-                                       static_cast<double>(read), static_cast<double>(low),
-                                       static_cast<double>(high));
+    LogManager::getInstance().writeLog("%s: Error! Number %s is not in [%s,%s].", where,
+                                       toString(read).c_str(), toString(low).c_str(),
+                                       toString(high).c_str());
     return fail();
   }
   value = read;

@@ -44,6 +44,9 @@ class ByteReader {
   bool readLittleEndian(std::uint64_t& value, int byte_count);
   std::size_t bytesLeft() const;
   bool checkCount(unsigned long long count, std::size_t item_size, std::size_t max_count);
+  // Stores `read` if it lies in [low, high]; otherwise logs and fails the stream.
+  template <typename Number>
+  bool keepInRange(Number read, Number& value, Number low, Number high);
   bool fail();
 
   std::istream& stream;
