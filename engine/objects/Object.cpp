@@ -44,11 +44,6 @@ constexpr unsigned RECORD_ORDER[] = {
 
 constexpr std::size_t MIN_STRING_BYTES = 8;
 
-// Ids read from records stay below 2^30. The counter follows the largest id it
-// is given, so this leaves room for 2^30 more objects before it could reach
-// the largest int, and no record can make later objects share an id.
-constexpr int MAX_RECORD_ID = (1 << 30) - 1;
-
 SceneGraph& sceneGraph() { return WorldManager::getInstance().getSceneGraph(); }
 
 // The manager that raises events of this label, and so keeps its interests.

@@ -22,6 +22,11 @@ class PathFind;
 
 class Object {
  public:
+  // The largest id a record may carry. The counter follows the largest id it
+  // is given, so this leaves room for 2^30 more objects before it could reach
+  // the largest int, and no record can make later objects share an id.
+  static constexpr int MAX_RECORD_ID = (1 << 30) - 1;
+
   // Enters the world with the defaults: at (1,1), HARD, altitude 2, type "(Undefined)".
   Object();
   Object(const Object&) = delete;

@@ -231,7 +231,7 @@ TEST_F(ObjectRecordTest, HostileRecordsFailWithALineAndAllocateNothing) {
 }
 
 TEST_F(ObjectRecordTest, ExtremeNumbersLeaveAnObjectTheWorldCanStillRun) {
-  constexpr int LARGEST_ID = (1 << 30) - 1;
+  constexpr int LARGEST_ID = mv::Object::MAX_RECORD_ID;
   std::stringstream record(u32(mv::ID | mv::ANIMATION | mv::SHAPE) + u32(LARGEST_ID) +
                            str(std::string("ship\0tail", 9)) + u32(INT_MAX) + u32(INT_MAX) +
                            u32(57) + f32(3e38f) + u32(1000) + "\xff");
