@@ -33,13 +33,14 @@ int nearestWhole(float coordinate) {
   return static_cast<int>(std::lround(held));
 }
 
-// The whole cells from `first` to `last`, held to [0, count) while still
-// doubles, so that a box however far outside the world converts safely.
+// A run of whole cells along one axis; empty when `first` is past `last`.
 struct Span {
   int first;
   int last;
 };
 
+// The whole cells from `first` to `last`, held to [0, count) while still
+// doubles, so that a box however far outside the world converts safely.
 Span cellsWithin(double first, double last, int count) {
   const double from = std::max(0.0, std::floor(first));
   const double to = std::min(count - 1.0, std::ceil(last));
