@@ -97,8 +97,12 @@ TEST_F(SceneGraphTest, ATypeIsIndexedOnlyWhileAnActiveObjectHasIt) {
   EXPECT_EQ(graph.getTypeCount(), types + 1) << "one visitor is left";
   second->setActive(false);
   EXPECT_EQ(graph.getTypeCount(), types) << "an inactive object is in no type's list";
+  EXPECT_TRUE(mv_test::hasMessage(mv_test::stderrOf([&] { second->setType("renamed"); }),
+                                  "SceneGraph::updateType(): Error! Unable to remove Object (" +
+                                      std::to_string(second->getId()) + ") type visitor"));
   second->setActive(true);
-  second->setType("renamed");
+  EXPECT_EQ(graph.objectsOfType("renamed").getCount(), 1) << "it comes back under its new type";
+  second->setType("again");
   EXPECT_EQ(graph.getTypeCount(), types + 1) << "the old type went as the new one came";
   delete second;
   EXPECT_EQ(graph.getTypeCount(), types);
