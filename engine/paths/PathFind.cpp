@@ -52,12 +52,12 @@ Span cellsWithin(double first, double last, int count) {
 
 // The cells at which a box `near` to `near + extent` from its cell can meet the
 // range [low, high]. The world's collision test adds in float, which rounds by
-// up to a part in 2^24 of the numbers added: the span is widened by that and
-// by a cell on each side, so that it holds every cell the test could pass.
+// up to a part in 2^24 of the numbers added: the span is widened by twice that
+// and by a cell on each side, so that it holds every cell the test could pass.
 Span cellsMeeting(float low, float high, float near, float extent, int count) {
-  const double slack = 1.0 + (std::fabs(static_cast<double>(near)) +
-                              std::fabs(static_cast<double>(extent)) + count) *
-                                 0x1p-22;
+  const double slack =
+      1.0 +
+      (std::fabs(static_cast<double>(near)) + std::fabs(static_cast<double>(extent))) * 0x1p-22;
   return cellsWithin(static_cast<double>(low) - near - extent - slack,
                      static_cast<double>(high) - near + slack, count);
 }
