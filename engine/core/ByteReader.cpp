@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "LogManager.h"
+#include "utility.h"
 
 namespace mv {
 
@@ -52,6 +53,28 @@ bool ByteReader::readFloat(float& value) {
   if (!std::isfinite(read)) {
     LogManager::getInstance().writeLog("%s: Error! Number 0x%08x is not finite.", where,
                                        static_cast<unsigned>(bits));
+    return fail();
+  }
+  value = read;
+  return true;
+}
+
+bool ByteReader::readInRange(int& value, int low, int high) {
+  int read;
+  return readInt(read) && keepInRange(read, value, low, high);
+}
+
+bool ByteReader::readInRange(float& value, float low, float high) {
+  float read;
+  return readFloat(read) && keepInRange(read, value, low, high);
+}
+
+template <typename Number>
+bool ByteReader::keepInRange(Number read, Number& value, Number low, Number high) {
+  if (read < low || read > high) {
+    LogManager::getInstance().writeLog("%s: Error! Number %s is not in [%s,%s].", where,
+                                       toString(read).c_str(), toString(low).c_str(),
+                                       toString(high).c_str());
     return fail();
   }
   value = read;

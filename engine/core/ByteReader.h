@@ -26,6 +26,9 @@ class ByteReader {
   bool readUnsigned(std::uint32_t& value);
   // Refuses a number that is not finite: no position or speed is ever meant to be one.
   bool readFloat(float& value);
+  // Refuse also a number outside [low, high], naming it and the range in the log.
+  bool readInRange(int& value, int low, int high);
+  bool readInRange(float& value, float low, float high);
   // Any byte but 0 reads as true.
   bool readBool(bool& value);
   bool readByte(unsigned char& value);
@@ -41,6 +44,9 @@ class ByteReader {
   bool readLittleEndian(std::uint64_t& value, int byte_count);
   std::size_t bytesLeft() const;
   bool checkCount(unsigned long long count, std::size_t item_size, std::size_t max_count);
+  // Stores `read` if it lies in [low, high]; otherwise logs and fails the stream.
+  template <typename Number>
+  bool keepInRange(Number read, Number& value, Number low, Number high);
   bool fail();
 
   std::istream& stream;

@@ -41,7 +41,8 @@ int Box::deserialize(std::stringstream& stream) {
   new_corner.deserialize(stream);
   ByteReader in(stream, "Box::deserialize()");
   float new_horizontal, new_vertical;
-  if (in.readFloat(new_horizontal) && in.readFloat(new_vertical)) {
+  if (in.readInRange(new_horizontal, 0.0f, MAX_WORLD_MAGNITUDE) &&
+      in.readInRange(new_vertical, 0.0f, MAX_WORLD_MAGNITUDE)) {
     *this = Box(new_corner, new_horizontal, new_vertical);
   }
   return checkStream("Box::deserialize()", stream);

@@ -26,7 +26,9 @@ class Box {
   // "(x,y) h: 3 v: 2".
   std::string toString() const;
 
-  // Sixteen bytes: the corner, then the two extents.
+  // Sixteen bytes: the corner, then the two extents. Reading refuses an
+  // extent below 0, which the grid and the collision test would judge apart,
+  // or beyond MAX_WORLD_MAGNITUDE.
   int serialize(std::stringstream& stream) const;
   int deserialize(std::stringstream& stream);
 

@@ -138,8 +138,8 @@ void Object::markModified(unsigned attributes) { modified |= attributes; }
 void Object::returnLastId() { next_id--; }
 
 int Object::takeNextId() {
-  // An id read from a record may stand at the largest int: the counter stops
-  // there rather than overflow.
+  // An id given by setId may stand at the largest int: the counter stops there
+  // rather than overflow.
   return next_id < INT_MAX ? next_id++ : next_id;
 }
 
@@ -333,9 +333,13 @@ Vector Object::getVelocity() const {
 Vector Object::predictPosition() const { return position + getVelocity(); }
 
 void Object::applyAcceleration() {
-  if (!acceleration.isZero()) {
-    setVelocity(getVelocity() + acceleration);
+  if (acceleration.isZero()) {
+    return;
   }
+  setVelocity(getVelocity() + acceleration);
+  // However long it lasts, an acceleration drives no object past the fastest
+  // speed a record may carry, so its position stays finite and its speed readable.
+  speed = std::min(speed, MAX_WORLD_MAGNITUDE);
 }
 
 void Object::followPath() {
@@ -532,7 +536,7 @@ bool Object::readAttribute(std::stringstream& stream, unsigned attribute) {
   Vector vector;
   switch (attribute) {
     case ID:
-      if (in.readInt(number)) {
+      if (in.readInRange(number, 0, MAX_RECORD_ID)) {
         setId(number);
       }
       break;
@@ -590,7 +594,7 @@ bool Object::readAttribute(std::stringstream& stream, unsigned attribute) {
       }
       break;
     case SPEED:
-      if (in.readFloat(decimal)) {
+      if (in.readInRange(decimal, -MAX_WORLD_MAGNITUDE, MAX_WORLD_MAGNITUDE)) {
         setSpeed(decimal);
       }
       break;

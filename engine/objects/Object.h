@@ -22,6 +22,11 @@ class PathFind;
 
 class Object {
  public:
+  // The largest id a record may carry. The counter follows the largest id it
+  // is given, so this leaves room for 2^30 more objects before it could reach
+  // the largest int, and no record can make later objects share an id.
+  static constexpr int MAX_RECORD_ID = (1 << 30) - 1;
+
   // Enters the world with the defaults: at (1,1), HARD, altitude 2, type "(Undefined)".
   Object();
   Object(const Object&) = delete;
@@ -60,7 +65,9 @@ class Object {
   virtual int serialize(std::stringstream& stream, unsigned attr = 0);
   // Applies a record through the setters, field by field, and counts the
   // object as written. A faulty record stops at its fault, keeping what came
-  // before it, and gives -1. `attr`, if given, receives the record's mask, so
+  // before it, and gives -1. So is a number the world could not live with: an
+  // id outside [0, 2^30), or a coordinate, extent or speed beyond
+  // MAX_WORLD_MAGNITUDE. `attr`, if given, receives the record's mask, so
   // that a derived class knows which of its own attributes follow.
   virtual int deserialize(std::stringstream& stream, unsigned* attr = nullptr);
   virtual void setModified(unsigned mask);
@@ -95,6 +102,7 @@ class Object {
   Vector getVelocity() const;
   // Where the velocity takes the object in one step; acceleration plays no part.
   Vector predictPosition() const;
+  // Adds the acceleration to the velocity, holding the speed to MAX_WORLD_MAGNITUDE.
   void applyAcceleration();
   // Steers towards the next node of the path, stepping onto nodes within reach.
   void followPath();

@@ -66,7 +66,8 @@ int Vector::serialize(std::stringstream& stream) const {
 int Vector::deserialize(std::stringstream& stream) {
   ByteReader in(stream, "Vector::deserialize()");
   float new_x, new_y;
-  if (in.readFloat(new_x) && in.readFloat(new_y)) {
+  if (in.readInRange(new_x, -MAX_WORLD_MAGNITUDE, MAX_WORLD_MAGNITUDE) &&
+      in.readInRange(new_y, -MAX_WORLD_MAGNITUDE, MAX_WORLD_MAGNITUDE)) {
     setXY(new_x, new_y);
   }
   return checkStream("Vector::deserialize()", stream);

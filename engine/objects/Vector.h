@@ -6,6 +6,12 @@
 
 namespace mv {
 
+// The greatest magnitude that a record may give a coordinate, a box's extent,
+// a speed or an acceleration, and the fastest that an acceleration drives an
+// object. The world is measured in cells, so no real use comes near it, and a
+// position that moves this fast for ever stays finite for some 10^31 steps.
+constexpr float MAX_WORLD_MAGNITUDE = 1.0e7f;
+
 class Vector {
  public:
   Vector();
@@ -38,7 +44,8 @@ class Vector {
   // "(x,y)", numbers as a stream writes floats.
   std::string toString() const;
 
-  // Eight bytes: x, then y. 0, or -1 with a line in the log.
+  // Eight bytes: x, then y. 0, or -1 with a line in the log; reading refuses
+  // a component beyond MAX_WORLD_MAGNITUDE.
   int serialize(std::stringstream& stream) const;
   int deserialize(std::stringstream& stream);
 

@@ -23,11 +23,49 @@ float straightLine(int dx, int dy) {
   return static_cast<float>(std::sqrt(static_cast<double>(dx * dx + dy * dy)));
 }
 
+// Beyond any world's graph, and well within an int.
+constexpr float FAR_BEYOND = 0x1p30f;
+
+// The whole number nearest `coordinate`, which is first held to +-2^30 so that
+// it converts safely however far off it lies; not a number counts as far below.
+int nearestWhole(float coordinate) {
+  const float held = coordinate > -FAR_BEYOND ? std::min(coordinate, FAR_BEYOND) : -FAR_BEYOND;
+  return static_cast<int>(std::lround(held));
+}
+
+// A run of whole cells along one axis; empty when `first` is past `last`.
+struct Span {
+  int first;
+  int last;
+};
+
+// The whole cells from `first` to `last`, held to [0, count) while still
+// doubles, so that a box however far outside the world converts safely.
+Span cellsWithin(double first, double last, int count) {
+  const double from = std::max(0.0, std::floor(first));
+  const double to = std::min(count - 1.0, std::ceil(last));
+  if (!(from <= to)) {
+    return Span{0, -1};
+  }
+  return Span{static_cast<int>(from), static_cast<int>(to)};
+}
+
+// The cells at which a box `near` to `near + extent` from its cell can meet the
+// range [low, high]. The world's collision test adds in float, which rounds by
+// up to a part in 2^24 of the numbers added: the span is widened by twice that
+// and by a cell on each side, so that it holds every cell the test could pass.
+Span cellsMeeting(float low, float high, float near, float extent, int count) {
+  const double slack =
+      1.0 +
+      (std::fabs(static_cast<double>(near)) + std::fabs(static_cast<double>(extent))) * 0x1p-22;
+  return cellsWithin(static_cast<double>(low) - near - extent - slack,
+                     static_cast<double>(high) - near + slack, count);
+}
+
 }  // namespace
 
 Cell nearestCell(Vector position) {
-  return Cell{static_cast<int>(std::lround(position.getX())),
-              static_cast<int>(std::lround(position.getY()))};
+  return Cell{nearestWhole(position.getX()), nearestWhole(position.getY())};
 }
 
 PathFind::PathFind(Object* object, Vector goal, Object* target)
@@ -198,18 +236,15 @@ void PathFind::sweepHardObjects() {
 // test the world's collisions use, looked for in the span the boxes allow.
 void PathFind::markCellsMet(const Object* hard) {
   const Box theirs = getWorldBox(hard);
+  const Vector corner = theirs.getCorner();
   const Box mine = object->getBox();
-  const float left = theirs.getCorner().getX() - mine.getCorner().getX();
-  const float top = theirs.getCorner().getY() - mine.getCorner().getY();
-  const int x_from = std::max(0, static_cast<int>(std::floor(left - mine.getHorizontal())) - 1);
-  const int x_to =
-      std::min(graph_width - 1, static_cast<int>(std::ceil(left + theirs.getHorizontal())) + 1);
-  const int y_from = std::max(0, static_cast<int>(std::floor(top - mine.getVertical())) - 1);
-  const int y_to =
-      std::min(graph_height - 1, static_cast<int>(std::ceil(top + theirs.getVertical())) + 1);
+  const Span columns = cellsMeeting(corner.getX(), corner.getX() + theirs.getHorizontal(),
+                                    mine.getCorner().getX(), mine.getHorizontal(), graph_width);
+  const Span rows = cellsMeeting(corner.getY(), corner.getY() + theirs.getVertical(),
+                                 mine.getCorner().getY(), mine.getVertical(), graph_height);
   const bool holds_end = boxContainsPosition(theirs, at(end));
-  for (int y = y_from; y <= y_to; y++) {
-    for (int x = x_from; x <= x_to; x++) {
+  for (int y = rows.first; y <= rows.last; y++) {
+    for (int x = columns.first; x <= columns.last; x++) {
       const Box there = getWorldBox(object, Vector(static_cast<float>(x), static_cast<float>(y)));
       if (!boxIntersectsBox(there, theirs)) {
         continue;

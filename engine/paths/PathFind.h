@@ -121,7 +121,8 @@ class PathFind {
   bool found;
 };
 
-// The whole cell nearest to a world position.
+// The whole cell nearest to a world position. A position far outside any world
+// gives a cell far outside too (at most 2^30 off), never one inside it.
 Cell nearestCell(Vector position);
 
 }  // namespace mv

@@ -49,7 +49,15 @@ int SceneGraph::insertIntoType(Object* o, const std::string& type) {
 
 int SceneGraph::removeFromType(Object* o, const std::string& type) {
   const auto found = type_map.find(type);
-  return found != type_map.end() ? found->second.remove(o) : -1;
+  if (found == type_map.end()) {
+    return -1;
+  }
+  const int removed = found->second.remove(o);
+  // Records can bring any number of types: each list goes with its last object.
+  if (found->second.isEmpty()) {
+    type_map.erase(found);
+  }
+  return removed;
 }
 
 int SceneGraph::insertObject(Object* o) {
@@ -143,6 +151,8 @@ ObjectList SceneGraph::getCollisions(const Object* o, Vector where) const {
 }
 
 const Grid& SceneGraph::getGrid() const { return grid; }
+
+int SceneGraph::getTypeCount() const { return static_cast<int>(type_map.size()); }
 
 int SceneGraph::updateActive(Object* o, bool active) {
   if (o->isActive() == active) {

@@ -46,6 +46,8 @@ class SceneGraph {
 
   const Grid& getGrid() const;
   ObjectList solidObjects() const;
+  // How many types the active objects have between them.
+  int getTypeCount() const;
 
  private:
   int deactivate(Object* o);

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <climits>
+#include <cmath>
 #include <cstdint>
 #include <functional>
 #include <sstream>
@@ -193,30 +194,72 @@ TEST_F(ObjectRecordTest, HostileRecordsFailWithALineAndAllocateNothing) {
        "Vector::deserialize(): Error! Number 0x7fc00000 is not finite."},
       {"a path of a trillion nodes", u32(mv::PATH) + u64(1ull << 40),
        "Path::deserialize(): Error! Length 1099511627776 is more than the limit of 1048576."},
+      // Finite numbers that the world could not live with.
+      {"a position past the world's bound", u32(mv::POSITION) + f32(1.5e7f) + f32(1),
+       "Vector::deserialize(): Error! Number 1.5e+07 is not in [-1e+07,1e+07]."},
+      {"a box's corner far above", u32(mv::BOX) + f32(0) + f32(-2e7f) + f32(1) + f32(1),
+       "Vector::deserialize(): Error! Number -2e+07 is not in [-1e+07,1e+07]."},
+      {"a box wider than the bound", u32(mv::BOX) + f32(0) + f32(0) + f32(1e8f) + f32(1),
+       "Box::deserialize(): Error! Number 1e+08 is not in [0,1e+07]."},
+      {"a box of negative height", u32(mv::BOX) + f32(0) + f32(0) + f32(1) + f32(-1),
+       "Box::deserialize(): Error! Number -1 is not in [0,1e+07]."},
+      {"a huge direction", u32(mv::DIRECTION) + f32(1e20f) + f32(0),
+       "Vector::deserialize(): Error! Number 1e+20 is not in [-1e+07,1e+07]."},
+      {"a huge speed", u32(mv::SPEED) + f32(-1e20f),
+       "Object::deserialize(): Error! Number -1e+20 is not in [-1e+07,1e+07]."},
+      {"an acceleration that makes the speed infinite", u32(mv::ACCELERATION) + f32(0) + f32(1e20f),
+       "Vector::deserialize(): Error! Number 1e+20 is not in [-1e+07,1e+07]."},
+      {"a path node far away", u32(mv::PATH) + u64(1) + f32(3e9f) + f32(0),
+       "Vector::deserialize(): Error! Number 3e+09 is not in [-1e+07,1e+07]."},
+      {"an id that would pin the counter", u32(mv::ID) + u32(INT_MAX - 1),
+       "Object::deserialize(): Error! Number 2147483646 is not in [0,1073741823]."},
+      {"the first id past the range", u32(mv::ID) + u32(1u << 30),
+       "Object::deserialize(): Error! Number 1073741824 is not in [0,1073741823]."},
+      {"a negative id", u32(mv::ID) + u32(-5),
+       "Object::deserialize(): Error! Number -5 is not in [0,1073741823]."},
   };
   for (const Case& c : cases) {
     SCOPED_TRACE(c.what);
     std::stringstream record(c.bytes);
     mv::Object* o = new mv::Object;
+    const std::string before = recordOf(o, mv::ALL_OBJECT_ATTRIBUTES);
     const std::string logged = mv_test::stderrOf([&] { EXPECT_EQ(o->deserialize(record), -1); });
     EXPECT_TRUE(mv_test::hasMessage(logged, c.message)) << logged;
     EXPECT_EQ(o->getPosition(), Vector(1, 1));
+    EXPECT_EQ(recordOf(o, mv::ALL_OBJECT_ATTRIBUTES), before) << "nothing refused is applied";
   }
 }
 
 TEST_F(ObjectRecordTest, ExtremeNumbersLeaveAnObjectTheWorldCanStillRun) {
-  std::stringstream record(u32(mv::ID | mv::ANIMATION | mv::SHAPE) + u32(INT_MAX - 1) +
+  constexpr int LARGEST_ID = mv::Object::MAX_RECORD_ID;
+  std::stringstream record(u32(mv::ID | mv::ANIMATION | mv::SHAPE) + u32(LARGEST_ID) +
                            str(std::string("ship\0tail", 9)) + u32(INT_MAX) + u32(INT_MAX) +
                            u32(57) + f32(3e38f) + u32(1000) + "\xff");
   mv::Object* o = new mv::Object;
   EXPECT_TRUE(mv_test::hasMessage(mv_test::stderrOf([&] { ASSERT_EQ(o->deserialize(record), 0); }),
                                   "Shape::setType(): Unknown shape type 57. Ignoring."));
   EXPECT_EQ(o->getAnimation().getName(), "ship") << "a name ends at its first zero byte";
-  EXPECT_EQ((new mv::Object)->getId(), INT_MAX);
-  EXPECT_EQ((new mv::Object)->getId(), INT_MAX) << "the counter stops rather than overflow";
+  EXPECT_EQ((new mv::Object)->getId(), LARGEST_ID + 1);
+  EXPECT_EQ((new mv::Object)->getId(), LARGEST_ID + 2)
+      << "later objects still get ids of their own";
   o->draw();
   EXPECT_EQ(o->getAnimation().getIndex(), 0) << "an index past the last frame wraps to the first";
-  world().update();
+
+  // The sprite gave the box; a second record takes box and motion to their bounds.
+  const float most = mv::MAX_WORLD_MAGNITUDE;
+  std::stringstream motion(
+      u32(mv::BOX | mv::POSITION | mv::DIRECTION | mv::SPEED | mv::ACCELERATION) + f32(-most) +
+      f32(-most) + f32(most) + f32(most) + f32(most) + f32(-most) + f32(1) + f32(0) + f32(most) +
+      f32(most) + f32(most));
+  ASSERT_EQ(o->deserialize(motion), 0);
+  for (int update = 0; update < 100; update++) {
+    world().update();
+    ASSERT_TRUE(std::isfinite(o->getPosition().getX()) && std::isfinite(o->getPosition().getY()))
+        << "update " << update;
+  }
+  std::stringstream sped_up(recordOf(o, mv::SPEED | mv::ACCELERATION));
+  EXPECT_EQ((new mv::Object)->deserialize(sped_up), 0)
+      << "however long the acceleration lasts, a peer can read the speed";
 }
 
 TEST_F(ObjectRecordTest, ARecordCutAtAnyByteFailsAndKeepsTheWorldWhole) {

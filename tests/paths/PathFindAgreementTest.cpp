@@ -65,4 +65,67 @@ TEST_F(PathFindAgreementTest, TheEngineSearchesExactlyAsThePlainSearch) {
   EXPECT_GT(expansions, 10000) << "the worlds should make the searches work";
 }
 
+// Walls reaching far past the world, as a long flight may leave them: both
+// searches must see the same walls, and one past what an int holds must still
+// block where it crosses the world. A walker of a whole cell touches walls on
+// whole cells, where a span of cells cut short shows at once.
+TEST_F(PathFindAgreementTest, HardObjectsFarBeyondTheWorldBlockAlike) {
+  const float far = 3e9f;
+  const float bound = mv::MAX_WORLD_MAGNITUDE;
+  const mv::Box whole_cell(Vector(-0.5f, -0.5f), 1, 1);
+  const struct {
+    const char* what;
+    Vector position;
+    mv::Box box;
+    bool way_through;
+    mv::Box walker = mv::Box(Vector(-0.5f, -0.5f), 0.99f, 0.99f);
+    Vector world = {20, 12};
+    Vector from = {2, 2};
+    Vector to = {17, 10};
+  } walls[] = {
+      {"far off, touching nothing", {far, -far}, whole_cell, true},
+      {"from far left to far right", {10, 6}, mv::Box(Vector(-far, -0.5f), 2 * far, 1), false},
+      {"from far above to far below", {10, 6}, mv::Box(Vector(-0.5f, -far), 1, 2 * far), false},
+      // A wall that holds the end blocks nothing.
+      {"over all the world", {-far, -far}, mv::Box(Vector(0, 0), 2 * far, 2 * far), true},
+      // Met from below, where the search comes from, by a box a row above its walker.
+      {"in from the bound, short of the right",
+       {-bound, 6},
+       mv::Box(Vector(0, -0.5f), bound + 12, 1),
+       true,
+       mv::Box(Vector(-0.5f, -1.5f), 1, 1),
+       {20, 12},
+       {2, 10},
+       {17, 2}},
+      // Out there floats are 2 apart: the walker's box at 3 rounds onto the wall.
+      {"met by a walker whose box stands 2^24 off",
+       {0x1p24f + 8, 6},
+       mv::Box(Vector(0, -far), 64, 2 * far),
+       false,
+       mv::Box(Vector(0x1p24f, -0.5f), 3, 1)},
+      {"across a corridor one cell tall",
+       {10, 0},
+       whole_cell,
+       false,
+       whole_cell,
+       {20, 1},
+       {2, 0},
+       {17, 0}},
+  };
+  for (const auto& wall : walls) {
+    SCOPED_TRACE(wall.what);
+    mv::WorldManager::getInstance().shutDown();
+    mv::WorldManager::getInstance().startUp();
+    setWorldSize(wall.world.getX(), wall.world.getY());
+    auto* hard = new mv_test::RecordingObject("wall", wall.position, mv::HARD);
+    hard->setBox(wall.box);
+    auto* walker = new mv_test::RecordingObject("walker", wall.from, mv::SOFT);
+    walker->setBox(wall.walker);
+    mv::PathFind fast(walker, wall.to);
+    mv::ReferencePathFind reference(walker, wall.to);
+    expectSameExpansions(fast, reference);
+    EXPECT_EQ(fast.getPath().getNodes().empty(), !wall.way_through);
+  }
+}
+
 }  // namespace

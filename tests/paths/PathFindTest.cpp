@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <vector>
 
 #include "PathManager.h"
@@ -129,6 +130,8 @@ TEST_F(PathFindTest, ASearchThatCannotEndWellLeavesTheWalkerAsItWas) {
   boxed->setVelocity(Vector(0.5f, 0));
   EXPECT_EQ(boxed->findPath(Vector(80, 5)), -1);
   EXPECT_EQ(boxed->findPath(Vector(-0.6f, 5)), -1);
+  EXPECT_EQ(boxed->findPath(Vector(1e20f, 5)), -1) << "far past what an int holds";
+  EXPECT_EQ(boxed->findPath(Vector(5, std::nanf(""))), -1);
   ASSERT_EQ(boxed->findPath(Vector(15, 5)), 0);
   searchToTheEnd();
   EXPECT_EQ(boxed->getVelocity(), Vector(0.5f, 0));

@@ -85,4 +85,27 @@ TEST_F(SceneGraphTest, KeepsOrdersAndRefusesBadAltitudesAndStrangers) {
   graph.insertObject(stranger);
 }
 
+// Records may bring a new type with every object: the index must not keep
+// the lists of types that no active object has.
+TEST_F(SceneGraphTest, ATypeIsIndexedOnlyWhileAnActiveObjectHasIt) {
+  const mv::SceneGraph& graph = world().getSceneGraph();
+  const int types = graph.getTypeCount();
+  auto* first = new RecordingObject("visitor");
+  auto* second = new RecordingObject("visitor");
+  EXPECT_EQ(graph.getTypeCount(), types + 1);
+  delete first;
+  EXPECT_EQ(graph.getTypeCount(), types + 1) << "one visitor is left";
+  second->setActive(false);
+  EXPECT_EQ(graph.getTypeCount(), types) << "an inactive object is in no type's list";
+  EXPECT_TRUE(mv_test::hasMessage(mv_test::stderrOf([&] { second->setType("renamed"); }),
+                                  "SceneGraph::updateType(): Error! Unable to remove Object (" +
+                                      std::to_string(second->getId()) + ") type visitor"));
+  second->setActive(true);
+  EXPECT_EQ(graph.objectsOfType("renamed").getCount(), 1) << "it comes back under its new type";
+  second->setType("again");
+  EXPECT_EQ(graph.getTypeCount(), types + 1) << "the old type went as the new one came";
+  delete second;
+  EXPECT_EQ(graph.getTypeCount(), types);
+}
+
 }  // namespace
