@@ -7,6 +7,7 @@
 #include "LogManager.h"
 #include "messages.h"
 #include "sockets.h"
+#include "watchMessages.h"
 
 namespace mv {
 

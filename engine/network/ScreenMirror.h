@@ -14,7 +14,6 @@
 #include "AudioListener.h"
 #include "Connection.h"
 #include "ScreenGrid.h"
-#include "watchMessages.h"
 
 namespace mv {
 

@@ -20,7 +20,7 @@ import tempfile
 import time
 
 sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
-from rustline_plays import Failure, output_of  # noqa: E402
+from rustline_plays import Failure, Screen, output_of  # noqa: E402
 
 MOST_DIFFERING = 0.001
 TRIES = 10
@@ -77,15 +77,9 @@ def free_port():
 
 
 def pixels(ppm):
-    fields, at = [], 0
-    while len(fields) < 4:
-        while ppm[at:at + 1].isspace():
-            at += 1
-        start = at
-        while not ppm[at:at + 1].isspace():
-            at += 1
-        fields.append(ppm[start:at])
-    return int(fields[1]), int(fields[2]), ppm[at + 1:]
+    """The width, height and RGB bytes of a binary PPM."""
+    _, width, height, rgb = Screen.parse(ppm)
+    return width, height, rgb
 
 
 def differing(one, other):

@@ -16,6 +16,7 @@
 #include "messages.h"
 #include "platform.h"
 #include "sockets.h"
+#include "watchMessages.h"
 
 namespace {
 
