@@ -3,7 +3,7 @@
 // the resident memory at its start; then the frames per second.
 //
 //   rustline_autoplay [working directory] [frames] [seed]
-//   build-player/tools/autoplayer/rustline_autoplay play 20000 7
+//   build/tools/autoplayer/rustline_autoplay play 20000 7
 //
 // The working directory is the game's, with Sprites/ and Sounds/ one level
 // up; the log goes to its morvane.log. Its settings are used with headless
