@@ -145,7 +145,7 @@ def main():
                     "target_link_libraries(ship PRIVATE morvane)\n"
                     % (source, os.path.join(source, "examples", "ship", "main.cpp")))
         run(["cmake", "-S", checkout, "-B", os.path.join(checkout, "build"),
-             "-DMORVANE_SANITIZE=" + ("ON" if sanitize else "OFF")])
+             "-DCMAKE_CXX_FLAGS=" + " ".join(extra)])
         run(["cmake", "--build", os.path.join(checkout, "build"), "--parallel",
              str(os.cpu_count() or 2)])
         ships["add_subdirectory"] = os.path.join(checkout, "build", "ship")
