@@ -17,7 +17,6 @@ namespace {
 
 using Log = std::vector<std::string>;
 using mv::InputManager;
-using mv_test::FakeInput;
 using mv_test::RecordingObject;
 
 class InputManagerTest : public mv_test::WorldTest {
@@ -38,7 +37,7 @@ class InputManagerTest : public mv_test::WorldTest {
     return listener->received;
   }
 
-  FakeInput input;
+  mv_test::FakeInput input;
   RecordingObject* listener = nullptr;
 };
 

@@ -14,7 +14,6 @@
 
 namespace {
 
-using mv::Cell;
 using mv::Vector;
 
 class PathFindAgreementTest : public mv_test::WorldTest {};
@@ -45,8 +44,8 @@ TEST_F(PathFindAgreementTest, TheEngineSearchesExactlyAsThePlainSearch) {
     mv::WorldManager::getInstance().startUp();
     const int width = side(random);
     const int height = side(random);
-    const Cell from{0, static_cast<int>(random() % height)};
-    const Cell to{width - 1, static_cast<int>(random() % height)};
+    const mv::Cell from{0, static_cast<int>(random() % height)};
+    const mv::Cell to{width - 1, static_cast<int>(random() % height)};
     mv_scenes::buildBlockedWorld(width, height, share(random), random(), {from, to});
     // SOFT objects never block; a HARD target ends the search where it is touched.
     new mv_test::RecordingObject("soft", Vector(width / 2.0f, height / 2.0f), mv::SOFT);
