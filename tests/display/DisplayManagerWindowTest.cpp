@@ -22,6 +22,10 @@ using mv::DisplayManager;
 using mv::Vector;
 
 const sf::Color GREEN_PAPER(0, 128, 0);
+// The game's grid: cells of 8 by 16 pixels.
+const char* const WHOLE_PIXEL_GRID =
+    "window_horizontal_chars:157,window_vertical_chars:48,window_horizontal_pixels:1256,"
+    "window_vertical_pixels:768,";
 
 // How many pixels of the rectangle [left, right) x [top, bottom) pass `test`,
 // which is handed each pixel's x and y.
@@ -202,10 +206,8 @@ int mostDiffering(const sf::Image& picture) {
 }
 
 TEST(DisplayWindowBatches, LookLikeCellsDrawnOneByOne) {
-  for (const char* grid : {"window_horizontal_chars:157,window_vertical_chars:48,"
-                           "window_horizontal_pixels:1256,window_vertical_pixels:768,",
-                           "window_horizontal_chars:80,window_vertical_chars:24,"
-                           "window_horizontal_pixels:1024,window_vertical_pixels:768,"}) {
+  // Cells of whole pixels, and the default grid's of 12.8 by 32.
+  for (const char* grid : {WHOLE_PIXEL_GRID, ""}) {
     mv_test::ScratchDirectory scratch;
     ASSERT_EQ(mv_test::startDisplay(grid), 0);
     for (const Scene& scene : SCENES) {
@@ -224,24 +226,17 @@ TEST(DisplayWindowBatches, LookLikeCellsDrawnOneByOne) {
 // card: what the window shows after each swap is read back from the X server.
 TEST(DisplayWindowBatches, ShowPicturesAloneInTheWindowAsCaptured) {
   mv_test::ScratchDirectory scratch;
-  ASSERT_EQ(mv_test::startDisplay("window_horizontal_chars:157,window_vertical_chars:48,"
-                                  "window_horizontal_pixels:1256,window_vertical_pixels:768,"),
-            0);
+  ASSERT_EQ(mv_test::startDisplay(WHOLE_PIXEL_GRID), 0);
   DisplayManager& display = DisplayManager::getInstance();
-  const auto steady = [] { mv_scenes::drawSlowlyChangingScreen(0, 50); };
-  const auto changed = [] { mv_scenes::drawSlowlyChangingScreen(1, 50); };
-  const sf::Image captured[] = {drawnAs(COMPOSED, steady), drawnAs(COMPOSED, changed)};
+  const sf::Image captured[] = {
+      drawnAs(COMPOSED, [] { mv_scenes::drawSlowlyChangingScreen(0, 50); }),
+      drawnAs(COMPOSED, [] { mv_scenes::drawSlowlyChangingScreen(1, 50); })};
   // The whole picture, the same again, then a few cells changed; last, a frame without cells.
-  const struct {
-    void (*scene)();
-    const sf::Image& expected;
-  } frames[] = {{steady, captured[0]}, {steady, captured[0]}, {changed, captured[1]}};
-  for (const auto& frame : frames) {
-    frame.scene();
+  for (int frame : {0, 0, 1}) {
+    mv_scenes::drawSlowlyChangingScreen(frame, 50);
     display.swapBuffers();
     const sf::Image shown = mv_test::readWindowFromX();
-    EXPECT_LE(differingPixels(frame.expected, shown), mostDiffering(shown))
-        << "frame " << &frame - frames;
+    EXPECT_LE(differingPixels(captured[frame], shown), mostDiffering(shown)) << "frame " << frame;
   }
   display.swapBuffers();
   EXPECT_EQ(mv_test::readWindowFromX().getPixel(600, 300), sf::Color::Black);

@@ -56,8 +56,7 @@ TEST_F(ObjectTest, SettersRefuseWhatIsOutOfRangeAndMarkOnlyRealChanges) {
   o->setVelocity(Vector(1, 0));
   o->setAcceleration(Vector(0, 1));
   o->applyAcceleration();
-  EXPECT_FLOAT_EQ(o->predictPosition().getY(), 2.0f);
-  EXPECT_FLOAT_EQ(o->predictPosition().getX(), 2.0f);
+  EXPECT_EQ(o->predictPosition(), Vector(2, 2));
 }
 
 TEST_F(ObjectTest, ASpriteFoundByItsLabelGivesTheObjectItsLooksAndItsBox) {

@@ -114,23 +114,21 @@ TEST_F(ResourceManagerTest, HoldsAThousandSpritesAHundredSoundsAndFiftyTracksThe
 TEST_F(ResourceManagerTest, WritesEachStepOfALoadAndEveryRowWhenAsked) {
   mv::LogManager::getInstance().setLogLevel(15);
   ASSERT_EQ(loadSprite(fileText({"2", "2", "1", "3", "green", "ab", "cd"}), "pair"), 0);
-  const Lines expected = {
-      "RM::loadSprite(): Loading sprite 'sprite.txt'.",
-      "RM::loadSprite(): assuming simple sprite file format.",
-      "\t      Frames: 2",
-      "\t       Width: 2",
-      "\t      Height: 1",
-      "\t    Slowdown: 3",
-      "\t       Color: Green",
-      "RM::loadSimpleSprite(): Reading frame 0 of 2.",
-      "RM::loadSimpleSprite(): Reading frame 1 of 2.",
-      "RM::loadSprite(): Sprite 'pair' frames:",
-      "\tFrame 1:",
-      "\tab",
-      "\tFrame 2:",
-      "\tcd",
-      "RM::loadSprite(): Sprite 'pair' loaded.",
-  };
+  const Lines expected = {"RM::loadSprite(): Loading sprite 'sprite.txt'.",
+                          "RM::loadSprite(): assuming simple sprite file format.",
+                          "\t      Frames: 2",
+                          "\t       Width: 2",
+                          "\t      Height: 1",
+                          "\t    Slowdown: 3",
+                          "\t       Color: Green",
+                          "RM::loadSimpleSprite(): Reading frame 0 of 2.",
+                          "RM::loadSimpleSprite(): Reading frame 1 of 2.",
+                          "RM::loadSprite(): Sprite 'pair' frames:",
+                          "\tFrame 1:",
+                          "\tab",
+                          "\tFrame 2:",
+                          "\tcd",
+                          "RM::loadSprite(): Sprite 'pair' loaded."};
   EXPECT_EQ(logged, expected);
 }
 

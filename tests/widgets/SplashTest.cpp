@@ -71,10 +71,9 @@ TEST(Splash, AnyKeyEndsItOtherwiseTheNameSlidesInAndTheEmblemClimbsStepByStep) {
 
 TEST(Splash, RunsNinetyStepsInItsOwnLoopAndNeedsAStartedEngine) {
   mv_test::ScratchDirectory scratch;
-  EXPECT_NE(mv_test::stderrOf([] {
-              EXPECT_EQ(mv::splash(), -1);
-            }).find("splash(): Error! Cannot run splash screen until game manger is started."),
-            std::string::npos);
+  EXPECT_TRUE(mv_test::hasMessage(
+      mv_test::stderrOf([] { EXPECT_EQ(mv::splash(), -1); }),
+      "splash(): Error! Cannot run splash screen until game manger is started."));
   scratch.write("mv-config.txt", "headless:true,networking:false,frame_time:1,");
   GameManager& game = GameManager::getInstance();
   ASSERT_EQ(game.startUp(), 0);
