@@ -39,7 +39,7 @@ std::vector<std::string> startAndStop(const mv_test::ScratchDirectory& scratch,
   return mv_test::logFileMessages();
 }
 
-TEST(GameManagerStartUp, WritesTheBannerAndStopLinesAndNothingSilenced) {
+TEST(GameManagerStartUp, WritesTheBannerAndAtEveryLevelEachStepInOrderAndSeedsAsConfigured) {
   const std::vector<std::string> expected = {
       STARS,
       "** Morvane version 4.21 **",
@@ -52,10 +52,8 @@ TEST(GameManagerStartUp, WritesTheBannerAndStopLinesAndNothingSilenced) {
   EXPECT_EQ(startAndStop(scratch, ""), expected);
   EXPECT_TRUE(GameManager::getInstance().isValid("mv-step"));
   EXPECT_FALSE(GameManager::getInstance().isValid("mv-step ")) << "labels are compared whole";
-}
 
-TEST(GameManagerStartUp, WithEveryLevelShownTellsEachStepInOrderAndSeedsAsConfigured) {
-  mv_test::ScratchDirectory scratch;
+  // With every level shown.
   LogManager::getInstance().setLogLevel(10);
   const std::string directory = std::filesystem::current_path().string();
   std::srand(1234);

@@ -31,7 +31,7 @@ TEST(MessageFrame, IsTheBodysLengthLeastSignificantFirstThenTheLabelsCodeThenThe
 }
 
 // The same stream cut into pieces of every size gives the same messages.
-TEST(MessageReader, PutsMessagesBackTogetherHoweverTheStreamWasCut) {
+TEST(MessageReader, PutsCutMessagesBackTogetherHalfOnesWaitAndABrokenStreamStaysBroken) {
   const std::vector<Message> sent = {{"mv-network-create", "first"},
                                      {"mv-network-delete", ""},
                                      {"mv-custom-network", std::string("\0\xff\0", 3)},
@@ -57,9 +57,7 @@ TEST(MessageReader, PutsMessagesBackTogetherHoweverTheStreamWasCut) {
     }
     EXPECT_EQ(reader.getHeldBytes(), 0u);
   }
-}
 
-TEST(MessageReader, HalfAMessageWaitsAndABrokenStreamStaysBrokenHoldingNothing) {
   MessageReader reader;
   const std::string frame = mv::frameMessage("mv-network-sync", "0123456789");
   reader.add(frame.data(), 7);

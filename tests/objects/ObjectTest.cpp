@@ -76,7 +76,7 @@ TEST_F(ObjectTest, ASpriteFoundByItsLabelGivesTheObjectItsLooksAndItsBox) {
   mv::ResourceManager::getInstance().shutDown();
 }
 
-TEST_F(ObjectTest, PathsAreFollowedNodeByNodeWithinThreeQuartersOfAStep) {
+TEST_F(ObjectTest, PathsAreFollowedWithinThreeQuartersOfAStepAndOnesFoundAreTakenUp) {
   mv::Object* o = new mv::Object;
   o->setPosition(Vector(5, 5));
   o->setSpeed(1);
@@ -109,29 +109,27 @@ TEST_F(ObjectTest, PathsAreFollowedNodeByNodeWithinThreeQuartersOfAStep) {
   o->followPath();
   EXPECT_FALSE(o->getFollowPath()) << "an empty path ends following";
   EXPECT_EQ(o->getDirection(), Vector());
-}
 
-TEST_F(ObjectTest, APathFoundByASearchIsTakenUpByTheBaseHandler) {
-  mv::Object* o = new mv::Object;
+  mv::Object* searcher = new mv::Object;
   mv::Path found;
   found.setNodes({Vector(10, 1)});
   mv::EventPath event;
   event.setPath(found);
   event.setResult(0);
-  EXPECT_EQ(o->eventHandler(&event), 1);
-  EXPECT_FALSE(o->getFollowPath()) << "no path: motion is left alone";
+  EXPECT_EQ(searcher->eventHandler(&event), 1);
+  EXPECT_FALSE(searcher->getFollowPath()) << "no path: motion is left alone";
   event.setResult(2);
-  EXPECT_EQ(o->eventHandler(&event), 1);
-  EXPECT_TRUE(o->getFollowPath());
-  EXPECT_EQ(o->getDirection(), Vector(1, 0));
+  EXPECT_EQ(searcher->eventHandler(&event), 1);
+  EXPECT_TRUE(searcher->getFollowPath());
+  EXPECT_EQ(searcher->getDirection(), Vector(1, 0));
 
   mv::Event impostor;
   impostor.setType("mv-path");
-  EXPECT_TRUE(
-      mv_test::hasMessage(mv_test::stderrOf([&] { EXPECT_EQ(o->eventHandler(&impostor), 0); }),
-                          "Object::eventHandler(): Error! Dynamic cast to EventPath failed."));
+  EXPECT_TRUE(mv_test::hasMessage(
+      mv_test::stderrOf([&] { EXPECT_EQ(searcher->eventHandler(&impostor), 0); }),
+      "Object::eventHandler(): Error! Dynamic cast to EventPath failed."));
   const mv::EventStep step(3);
-  EXPECT_EQ(o->eventHandler(&step), 0);
+  EXPECT_EQ(searcher->eventHandler(&step), 0);
 }
 
 TEST_F(ObjectTest, InterestsAreKeptPerObjectUpToAHundredTwiceOverButTheManagerHoldsEachOnce) {

@@ -62,6 +62,13 @@ TEST_F(GridTest, CellsFollowTheBoxAndItsFarEdge) {
       << "a negative coordinate floors to cell -1 and clips";
 }
 
+TEST_F(GridTest, AnEmptyWorldPutsEverySolidObjectOutOfBounds) {
+  setWorldSize(0, 0);
+  auto* o = new RecordingObject("o", Vector(5, 5));
+  EXPECT_EQ(grid().objectsInCell(mv::OUT_OF_BOUNDS).getCount(), 1);
+  mv_test::expectSceneGraphConsistent({o});
+}
+
 TEST_F(GridTest, CollisionsComeOnceEachAndNeverIncludeTheAskerInsideOrOutside) {
   auto* big = new RecordingObject("big", Vector(20, 8));
   big->setBox(Box(Vector(-2, -2), 4, 4));  // spans four cells
@@ -94,13 +101,6 @@ TEST_F(GridTest, MovesTouchOnlyTheCellsWhoseMembershipChanges) {
   EXPECT_EQ(grid().objectsInCell(mv::OUT_OF_BOUNDS).getCount(), 0);
   EXPECT_EQ(grid().objectsInCell(mv::Cell{0, 0})[0], second) << "re-entering a cell goes last";
   mv_test::expectSceneGraphConsistent({first, second});
-}
-
-TEST_F(GridTest, AnEmptyWorldPutsEverySolidObjectOutOfBounds) {
-  setWorldSize(0, 0);
-  auto* o = new RecordingObject("o", Vector(5, 5));
-  EXPECT_EQ(grid().objectsInCell(mv::OUT_OF_BOUNDS).getCount(), 1);
-  mv_test::expectSceneGraphConsistent({o});
 }
 
 TEST(GridSettings, CellSizesThatAreNoSizesFallBackAndAGridNotStartedRefusesWork) {

@@ -163,7 +163,8 @@ TEST_F(WorldManagerTest, EngineLabelsAreRefusedAndKeysGoToTheInputManager) {
   EXPECT_EQ(listener->getEventCount(), 1);
 }
 
-TEST_F(WorldManagerTest, TheViewFollowsItsObjectOutOfTheSlackZoneEachWay) {
+TEST_F(WorldManagerTest,
+       TheViewFollowsItsObjectOutOfTheSlackZoneEachWayAndViewsAndBoundariesKeepTheirRules) {
   setWorldSize(200, 100);
   world().setView(Box(Vector(0, 0), 80, 24));
   world().setViewSlack(Vector(0.5f, 0.5f));
@@ -198,9 +199,7 @@ TEST_F(WorldManagerTest, TheViewFollowsItsObjectOutOfTheSlackZoneEachWay) {
   world().markForDelete(hero);
   world().update();
   EXPECT_EQ(world().getViewFollowing(), nullptr) << "a deleted object is no longer followed";
-}
 
-TEST_F(WorldManagerTest, ViewsAndBoundariesKeepTheirRules) {
   setWorldSize(100, 50);
   world().setView(Box(Vector(0, 0), 400, 200));
   world().setViewPosition(Vector(50, 25));
