@@ -17,7 +17,7 @@ using Log = std::vector<std::string>;
 
 using WorldManagerTest = mv_test::WorldTest;
 
-TEST_F(WorldManagerTest, CollisionsFollowTheSolidnessTable) {
+TEST_F(WorldManagerTest, CollisionsFollowTheSolidnessTableAndAMoveOntoTwoTellsEachInGridOrder) {
   // The mover's and obstacle's records after one step of the mover onto the obstacle.
   const auto collide = [](mv::Solidness mover_kind, mv::Solidness obstacle_kind, bool no_soft,
                           bool* moved) {
@@ -51,9 +51,8 @@ TEST_F(WorldManagerTest, CollisionsFollowTheSolidnessTable) {
       }
     }
   }
-}
 
-TEST_F(WorldManagerTest, AMoveOntoTwoObstaclesTellsEachInGridOrderAndStops) {
+  mv_test::dispatch_log.clear();
   auto* right_cell = new RecordingObject("right cell", Vector(20.2f, 4));
   auto* left_cell = new RecordingObject("left cell", Vector(18.8f, 4));
   auto* mover = new RecordingObject("mover", Vector(17.5f, 4));
@@ -163,8 +162,7 @@ TEST_F(WorldManagerTest, EngineLabelsAreRefusedAndKeysGoToTheInputManager) {
   EXPECT_EQ(listener->getEventCount(), 1);
 }
 
-TEST_F(WorldManagerTest,
-       TheViewFollowsItsObjectOutOfTheSlackZoneEachWayAndViewsAndBoundariesKeepTheirRules) {
+TEST_F(WorldManagerTest, TheViewFollowsOutOfItsSlackZoneEachWayAndKeepsToTheBoundary) {
   setWorldSize(200, 100);
   world().setView(Box(Vector(0, 0), 80, 24));
   world().setViewSlack(Vector(0.5f, 0.5f));
