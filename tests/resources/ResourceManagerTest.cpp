@@ -32,7 +32,7 @@ class ResourceManagerTest : public mv_test::ResourceTest {
 
 const std::vector<int> LOADED = {0, 0, 0}, REFUSED = {-1, -1, -1};
 
-TEST_F(ResourceManagerTest, RefusesAllButLookupsWhileStoppedThenFindsTheFirstOfALabelOrWarns) {
+TEST_F(ResourceManagerTest, RefusesWhileStoppedAndBadFilesByNameThenFindsTheFirstOfALabel) {
   EXPECT_EQ(resources.startUp(), -1);
   EXPECT_EQ(newMessages(),
             Lines{"ResourceManager::startup(): Warning! ResourceManager already started."});
@@ -60,9 +60,8 @@ TEST_F(ResourceManagerTest, RefusesAllButLookupsWhileStoppedThenFindsTheFirstOfA
   EXPECT_EQ(newMessages(), (Lines{"RM::getSprite(): Warning! Sprite 'ship' not found.",
                                   "RM::getSound(): Warning! Sound 'tune' not found.",
                                   "RM::getMusic(): Warning! Music 'shot' not found."}));
-}
 
-TEST_F(ResourceManagerTest, BadFilesAreRefusedWithTheirNamesAndLeaveTheSlotFree) {
+  // Bad files are refused with their names, and leave their labels free.
   scratch.write("noise.wav", "RIFF but not really");
   newMessages();
   EXPECT_EQ(resources.loadSprite("nowhere.txt", "ship"), -1);
