@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <cstdlib>
+#include <sstream>
 
 #include "ScratchDirectory.h"
 #include "logLines.h"
@@ -30,13 +31,13 @@ TEST(ConfigMatch, ParsesEntriesTheWayTheFileFormatDescribes) {
 
 // The settings that the next case reads, in one line.
 std::string settings(const Config& c) {
-  return "style " + std::to_string(c.getWindowStyle()) + " state " +
-         std::to_string(c.getWindowState()) + " background " +
-         std::to_string(c.getWindowBackgroundColor()) + " mouse " +
-         std::to_string(c.getShowMouse()) + " networking " + std::to_string(c.getNetworking()) +
-         " frame " + std::to_string(c.getFrameTime()) + " columns " +
-         std::to_string(c.getWindowHorizontalChars()) + " font " + mv::toString(c.getFontScale()) +
-         " grid " + std::to_string(c.getGridWidth()) + " log " + c.getLogFile();
+  std::ostringstream text;
+  text << "style " << c.getWindowStyle() << " state " << c.getWindowState() << " background "
+       << c.getWindowBackgroundColor() << " mouse " << c.getShowMouse() << " networking "
+       << c.getNetworking() << " frame " << c.getFrameTime() << " columns "
+       << c.getWindowHorizontalChars() << " font " << c.getFontScale() << " grid "
+       << c.getGridWidth() << " log " << c.getLogFile();
+  return text.str();
 }
 
 TEST(ConfigFile, NamedByTheEnvironmentJoinsLinesWithoutCommentsAndBadValuesKeepTheirDefault) {

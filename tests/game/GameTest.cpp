@@ -28,18 +28,6 @@ std::string spriteFile(int width, int height, int frames) {
   return text;
 }
 
-// Sprites the rules can be reckoned with: the hero's and furnace's for their
-// changes, walls that close the room, and an end screen that lasts 6 steps.
-// All else goes without, in the default box of one cell.
-void writeSprites(const mv_test::ScratchDirectory& scratch) {
-  for (const char* label : {"hero", "hero-hurt", "furnace", "furnace-active"}) {
-    scratch.write(std::string("Sprites/") + label + "-spr.txt", spriteFile(1, 1, 1));
-  }
-  scratch.write("Sprites/wall-horizontal-spr.txt", spriteFile(158, 1, 1));
-  scratch.write("Sprites/wall-vertical-spr.txt", spriteFile(1, 33, 1));
-  scratch.write("Sprites/gameover-spr.txt", spriteFile(1, 1, 2));
-}
-
 mv::WorldManager& world() { return mv::WorldManager::getInstance(); }
 
 struct UpgradeEffect {
@@ -63,8 +51,16 @@ void GameTest::SetUp() {
   if (game_sprites) {
     std::filesystem::create_directory_symlink(game_data / "Sprites", "Sprites");
   } else {
+    // Sprites the rules can be reckoned with: the hero's and furnace's for their
+    // changes, walls that close the room, and an end screen that lasts 6 steps.
+    // All else goes without, in the default box of one cell.
     std::filesystem::create_directory("Sprites");
-    writeSprites(scratch);
+    for (const char* label : {"hero", "hero-hurt", "furnace", "furnace-active"}) {
+      scratch.write(std::string("Sprites/") + label + "-spr.txt", spriteFile(1, 1, 1));
+    }
+    scratch.write("Sprites/wall-horizontal-spr.txt", spriteFile(158, 1, 1));
+    scratch.write("Sprites/wall-vertical-spr.txt", spriteFile(1, 33, 1));
+    scratch.write("Sprites/gameover-spr.txt", spriteFile(1, 1, 2));
   }
   std::filesystem::create_directory("play");
   std::filesystem::current_path("play");

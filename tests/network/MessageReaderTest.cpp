@@ -10,15 +10,6 @@ namespace {
 using mv::Message;
 using mv::MessageReader;
 
-std::vector<Message> readAll(MessageReader& reader) {
-  std::vector<Message> messages;
-  Message message;
-  while (reader.next(message) == MessageReader::COMPLETE) {
-    messages.push_back(message);
-  }
-  return messages;
-}
-
 TEST(MessageFrame, IsTheBodysLengthLeastSignificantFirstThenTheLabelsCodeThenThePayload) {
   EXPECT_EQ(mv::frameMessage("mv-network-sync", "ab"), std::string("\x03\0\0\0\x02"
                                                                    "ab",
@@ -46,7 +37,8 @@ TEST(MessageReader, PutsCutMessagesBackTogetherHalfOnesWaitAndABrokenStreamStays
     std::vector<Message> got;
     for (std::size_t at = 0; at < stream.size(); at += piece) {
       reader.add(stream.data() + at, std::min(piece, stream.size() - at));
-      for (const Message& message : readAll(reader)) {
+      Message message;
+      while (reader.next(message) == MessageReader::COMPLETE) {
         got.push_back(message);
       }
     }

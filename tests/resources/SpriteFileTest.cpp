@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <regex>
+#include <sstream>
 #include <vector>
 
 #include "LogManager.h"
@@ -57,18 +58,15 @@ class SpriteFile : public mv_test::ResourceTest {
 
 // Everything a sprite holds, in one line.
 std::string describe(const mv::Sprite* sprite) {
-  std::string text = sprite->getLabel() + " " + std::to_string(sprite->getFrameCount()) + " of " +
-                     std::to_string(sprite->getWidth()) + "x" +
-                     std::to_string(sprite->getHeight()) + " slowdown " +
-                     std::to_string(sprite->getSlowdown()) + " color " +
-                     std::to_string(sprite->getColor()) + " transparency " +
-                     std::to_string(sprite->getTransparency());
+  std::ostringstream text;
+  text << sprite->getLabel() << " " << sprite->getFrameCount() << " of " << sprite->getWidth()
+       << "x" << sprite->getHeight() << " slowdown " << sprite->getSlowdown() << " color "
+       << sprite->getColor() << " transparency " << static_cast<int>(sprite->getTransparency());
   for (int i = 0; i < sprite->getFrameCount(); i++) {
     const mv::Frame& frame = sprite->getFrame(i);
-    text += " " + std::to_string(frame.getWidth()) + "x" + std::to_string(frame.getHeight()) + ":" +
-            frame.getString();
+    text << " " << frame.getWidth() << "x" << frame.getHeight() << ":" << frame.getString();
   }
-  return text;
+  return text.str();
 }
 
 std::string withCarriageReturns(const std::string& text) {
