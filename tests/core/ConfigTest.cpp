@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <cstdlib>
+#include <sstream>
 
 #include "ScratchDirectory.h"
 #include "logLines.h"
@@ -28,7 +29,18 @@ TEST(ConfigMatch, ParsesEntriesTheWayTheFileFormatDescribes) {
   EXPECT_EQ(match("a:1", ""), "");
 }
 
-TEST(ConfigFile, NamedByTheEnvironmentMissingMeansDefaultsAndLinesJoinWithoutComments) {
+// The settings that the next case reads, in one line.
+std::string settings(const Config& c) {
+  std::ostringstream text;
+  text << "style " << c.getWindowStyle() << " state " << c.getWindowState() << " background "
+       << c.getWindowBackgroundColor() << " mouse " << c.getShowMouse() << " networking "
+       << c.getNetworking() << " frame " << c.getFrameTime() << " columns "
+       << c.getWindowHorizontalChars() << " font " << c.getFontScale() << " grid "
+       << c.getGridWidth() << " log " << c.getLogFile();
+  return text.str();
+}
+
+TEST(ConfigFile, NamedByTheEnvironmentJoinsLinesWithoutCommentsAndBadValuesKeepTheirDefault) {
   mv_test::ScratchDirectory scratch;
   scratch.write("other.txt", "frame_time:20,");
   Config& config = Config::getInstance();
@@ -55,26 +67,11 @@ TEST(ConfigFile, NamedByTheEnvironmentMissingMeansDefaultsAndLinesJoinWithoutCom
   EXPECT_FALSE(config.getHeadless()) << "the merged entry is no longer a headless key";
   EXPECT_EQ(config.match("frame_time"), "33headless");
   EXPECT_EQ(config.getRandomSeed(), 42) << "a last entry without comma or newline is read";
-}
 
-// The settings that the next case reads, in one line.
-std::string settings(const Config& c) {
-  return "style " + std::to_string(c.getWindowStyle()) + " state " +
-         std::to_string(c.getWindowState()) + " background " +
-         std::to_string(c.getWindowBackgroundColor()) + " mouse " +
-         std::to_string(c.getShowMouse()) + " networking " + std::to_string(c.getNetworking()) +
-         " frame " + std::to_string(c.getFrameTime()) + " columns " +
-         std::to_string(c.getWindowHorizontalChars()) + " font " + mv::toString(c.getFontScale()) +
-         " grid " + std::to_string(c.getGridWidth()) + " log " + c.getLogFile();
-}
-
-TEST(ConfigValues, BadValuesSayWhyAndKeepTheirDefaultAndKeywordsSetTheirValues) {
-  mv_test::ScratchDirectory scratch;
   scratch.write("mv-config.txt",
                 "window_style:0,window_state:maximised,window_background_color:purple,"
                 "show_mouse:True,networking:false,frame_time:abc,"
                 "window_horizontal_chars:99999999999999,font_scale:x");
-  Config& config = Config::getInstance();
   const std::string errors = mv_test::stderrOf([&] { config.loadConfig(); });
   EXPECT_EQ(mv_test::logMessages(errors),
             (std::vector<std::string>{"loadConfig(): Unsupported window color 'purple'",

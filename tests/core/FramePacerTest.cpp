@@ -6,7 +6,7 @@ namespace {
 
 using mv::FramePacer;
 
-TEST(FramePacer, SleepsWhatIsLeftTakesTheOvershootOffTheNextFrameAndReportsOverrunsOwedNothing) {
+TEST(FramePacer, SleepsWhatIsLeftOwesOvershootsReportsOverrunsAndRunsFlatOutAtZeroOrBelow) {
   FramePacer pacer(33);
   EXPECT_EQ(pacer.timeLeft(20000), 13000) << "20 ms of work leaves 13 ms to sleep";
   EXPECT_EQ(pacer.pathBudget(20000), 12) << "95 % of 13 ms, truncated";
@@ -27,15 +27,14 @@ TEST(FramePacer, SleepsWhatIsLeftTakesTheOvershootOffTheNextFrameAndReportsOverr
   EXPECT_FALSE(pacer.overran(5)) << "an overrun while paying back an overshoot is not reported";
   EXPECT_EQ(pacer.getAdjust(), 0);
   EXPECT_TRUE(pacer.overran(6)) << "only the next overrun is";
-}
 
-TEST(FramePacer, ZeroOrNegativeFrameTimesRunFlatOutAndHugeOnesWrapInsteadOfOverflowing) {
   for (int frame_time : {0, -5}) {
-    FramePacer pacer(frame_time);
-    EXPECT_LE(pacer.timeLeft(0), 0);
-    EXPECT_LE(pacer.pathBudget(0), 0);
-    EXPECT_FALSE(pacer.overran(10)) << "no complaint";
+    FramePacer flat_out(frame_time);
+    EXPECT_LE(flat_out.timeLeft(0), 0);
+    EXPECT_LE(flat_out.pathBudget(0), 0);
+    EXPECT_FALSE(flat_out.overran(10)) << "no complaint";
   }
+  // Huge frame times wrap instead of overflowing.
   EXPECT_EQ(FramePacer(2147483).timeLeft(0), 2147483000);
   EXPECT_LT(FramePacer(3000000).timeLeft(0), 0)
       << "3000 seconds do not fit 32 bits of microseconds";

@@ -39,7 +39,7 @@ std::vector<std::string> startAndStop(const mv_test::ScratchDirectory& scratch,
   return mv_test::logFileMessages();
 }
 
-TEST(GameManagerStartUp, WritesTheBannerAndStopLinesAndNothingSilenced) {
+TEST(GameManagerStartUp, WritesTheBannerAndAtEveryLevelEachStepInOrderAndSeedsAsConfigured) {
   const std::vector<std::string> expected = {
       STARS,
       "** Morvane version 4.21 **",
@@ -52,10 +52,8 @@ TEST(GameManagerStartUp, WritesTheBannerAndStopLinesAndNothingSilenced) {
   EXPECT_EQ(startAndStop(scratch, ""), expected);
   EXPECT_TRUE(GameManager::getInstance().isValid("mv-step"));
   EXPECT_FALSE(GameManager::getInstance().isValid("mv-step ")) << "labels are compared whole";
-}
 
-TEST(GameManagerStartUp, WithEveryLevelShownTellsEachStepInOrderAndSeedsAsConfigured) {
-  mv_test::ScratchDirectory scratch;
+  // With every level shown.
   LogManager::getInstance().setLogLevel(10);
   const std::string directory = std::filesystem::current_path().string();
   std::srand(1234);
@@ -204,35 +202,32 @@ TEST(GameManagerRun, ASecondStopSignalEndsTheProgramAtOnce) {
   mv_test::ScratchDirectory scratch;
   scratch.write("mv-config.txt", HEADLESS + "frame_time:0,");
   GameManager& game = GameManager::getInstance();
-  EXPECT_EXIT(
-      {
-        game.startUp();
-        std::raise(SIGTERM);
-        std::raise(SIGTERM);
-        std::exit(0);
-      },
-      testing::KilledBySignal(SIGTERM), "")
-      << "the same signal twice before the frame ends";
-  EXPECT_EXIT(
-      {
-        game.startUp();
-        endTheRunByStepTen();
-        std::raise(SIGINT);
-        game.run();
-        std::raise(SIGHUP);
-        std::exit(0);
-      },
-      testing::KilledBySignal(SIGHUP), "")
-      << "any of them once the loop has seen the first";
-  EXPECT_EXIT(
-      {
-        game.startUp();
-        game.shutDown();
-        std::raise(SIGINT);
-        std::exit(0);
-      },
-      testing::KilledBySignal(SIGINT), "")
-      << "and any after shut-down, as before start-up";
+  // The engine started, `signals` runs; a program that lives through it exits.
+  const auto killed_by = [&](int signal_number, const char* when,
+                             const std::function<void()>& signals) {
+    EXPECT_EXIT(
+        {
+          game.startUp();
+          signals();
+          std::exit(0);
+        },
+        testing::KilledBySignal(signal_number), "")
+        << when;
+  };
+  killed_by(SIGTERM, "the same signal twice before the frame ends", [] {
+    std::raise(SIGTERM);
+    std::raise(SIGTERM);
+  });
+  killed_by(SIGHUP, "any of them once the loop has seen the first", [&] {
+    endTheRunByStepTen();
+    std::raise(SIGINT);
+    game.run();
+    std::raise(SIGHUP);
+  });
+  killed_by(SIGINT, "and any after shut-down, as before start-up", [&] {
+    game.shutDown();
+    std::raise(SIGINT);
+  });
 }
 
 }  // namespace

@@ -10,18 +10,17 @@
 
 namespace {
 
-using mv::Object;
 using mv::ObjectList;
 using mv::ObjectListIterator;
 
 // The list only stores pointers, so any distinct addresses stand in for objects.
-Object* fake(int n) {
+mv::Object* fake(int n) {
   static char storage[16];
-  return reinterpret_cast<Object*>(&storage[n]);
+  return reinterpret_cast<mv::Object*>(&storage[n]);
 }
 
 using mv_test::toVector;
-using Objects = std::vector<Object*>;
+using Objects = std::vector<mv::Object*>;
 
 TEST(ObjectList, GrowsRefusesNullRemovesTheFirstMatchCopiesAreValuesAndIndexingChecksBounds) {
   ObjectList list;

@@ -25,7 +25,10 @@ std::vector<std::string> logAfterStop() {
   return mv_test::logFileMessages();
 }
 
-TEST(DisplayManagerHeadless, RefusesToDrawBeforeTheStartAndHeadlessDrawsNothingSilently) {
+// Headless, the display draws nothing and says nothing of it. It refuses to
+// draw before its start, a grid without cells, a second start, and a start
+// with no display server, each with a line that says so.
+TEST(DisplayManagerStartUp, HeadlessDrawsNothingAndRefusalsBeforeTheStartOrOfBadGridsOrServers) {
   mv_test::ScratchDirectory scratch;
   // Any contact with a display server would fail without one.
   unsetenv("DISPLAY");
@@ -66,11 +69,7 @@ TEST(DisplayManagerHeadless, RefusesToDrawBeforeTheStartAndHeadlessDrawsNothingS
        "DisplayManager::saveScreenshot(): Error! File name 'shot.txt' does not end in "
        ".png."}));
   EXPECT_FALSE(std::filesystem::exists("shot.png"));
-}
 
-TEST(DisplayManagerStartUp, RefusesAGridWithoutCellsASecondStartAndAMissingDisplayServer) {
-  mv_test::ScratchDirectory scratch;
-  DisplayManager& display = DisplayManager::getInstance();
   EXPECT_EQ(mv_test::startDisplay("headless:true,window_vertical_chars:0,"), -1);
   EXPECT_FALSE(display.isStarted());
   EXPECT_EQ(display.getVerticalChars(), 24) << "the refused grid is not taken";
@@ -91,7 +90,7 @@ TEST(DisplayManagerStartUp, RefusesAGridWithoutCellsASecondStartAndAMissingDispl
 
   EXPECT_TRUE(mv_test::inOrder(
       logAfterStop(),
-      {"DisplayManager::startUp(): Error! A window of 1024 by 768 pixels and 80 by 0 "
+      {"DisplayManager::startUp(): Error! A window of 1024 by 768 pixels and 100 by 0 "
        "characters can't be drawn: pixels 0 (the desktop's) to 32767, characters 1 to "
        "32767.",
        "DisplayManager::startup(): Warning! DisplayManager already started.",

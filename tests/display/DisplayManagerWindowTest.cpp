@@ -22,6 +22,10 @@ using mv::DisplayManager;
 using mv::Vector;
 
 const sf::Color GREEN_PAPER(0, 128, 0);
+// The game's grid: cells of 8 by 16 pixels.
+const char* const WHOLE_PIXEL_GRID =
+    "window_horizontal_chars:157,window_vertical_chars:48,window_horizontal_pixels:1256,"
+    "window_vertical_pixels:768,";
 
 // How many pixels of the rectangle [left, right) x [top, bottom) pass `test`,
 // which is handed each pixel's x and y.
@@ -90,7 +94,7 @@ TEST_P(DisplayWindow, PutsTheCellAtOneOneWhereTheGridSaysWithItsBackgroundOffset
   EXPECT_EQ(letter.getPixel(5, 5), sf::Color::Blue) << "swapBuffers cleared to the background";
 }
 
-TEST_P(DisplayWindow, DrawsEachColourAsItsValuesAndBlackOnBlackUnseen) {
+TEST_P(DisplayWindow, DrawsEachColourAsItsValuesAndALaterCellOverAnEarlierOneAndItsOverhang) {
   start("");
   for (int c = mv::BLACK; c <= mv::WHITE; ++c) {
     display.drawCharacter(Vector(static_cast<float>(2 * c), 2), 'M', static_cast<mv::Color>(c), 0);
@@ -106,25 +110,23 @@ TEST_P(DisplayWindow, DrawsEachColourAsItsValuesAndBlackOnBlackUnseen) {
     };
     EXPECT_EQ(anyPixel(picture, left, 64, left + 20, 96, seen), c != mv::BLACK) << "colour " << c;
   }
-}
 
-TEST_P(DisplayWindow, PaintsALaterCellOverAnEarlierOneAndItsOverhang) {
-  start("");
+  display.swapBuffers();
   display.drawCharacter(Vector(1, 1), 'W', mv::RED, 0);
   display.drawCharacter(Vector(1, 1), 'O', mv::GREEN, 0);
   display.drawCharacter(Vector(5, 1), 'W', mv::RED, 0);
   display.drawCharacter(Vector(6, 1), ' ', mv::GREEN, 0);
   display.drawCharacter(Vector(9, 1), 'W', 255, 0, 0, 0);
   display.drawCharacter(Vector(9.5f, 1.25f), ' ', 0, 0, 0, 0);
-  const sf::Image picture = mv_test::captureWindow();
+  const sf::Image layered = mv_test::captureWindow();
 
   // Each background covers x from 0.9 cell to 1.9 cells and y from 1.2 to 2.2 cells past the grid.
-  EXPECT_FALSE(anyPixel(picture, 12, 38, 24, 70, hasRed)) << "the earlier W is painted over";
-  EXPECT_TRUE(anyPixel(picture, 12, 38, 24, 70, [](sf::Color p) { return p.g == 255; }));
-  EXPECT_FALSE(anyPixel(picture, 76, 38, 88, 70, hasRed)) << "the overhang of W into cell 6";
-  EXPECT_TRUE(anyPixel(picture, 64, 38, 76, 70, hasRed)) << "the W of cell 5 itself";
-  EXPECT_FALSE(anyPixel(picture, 121, 46, 133, 78, hasRed)) << "half a cell over, half covered";
-  EXPECT_TRUE(anyPixel(picture, 115, 38, 121, 46, hasRed));
+  EXPECT_FALSE(anyPixel(layered, 12, 38, 24, 70, hasRed)) << "the earlier W is painted over";
+  EXPECT_TRUE(anyPixel(layered, 12, 38, 24, 70, [](sf::Color p) { return p.g == 255; }));
+  EXPECT_FALSE(anyPixel(layered, 76, 38, 88, 70, hasRed)) << "the overhang of W into cell 6";
+  EXPECT_TRUE(anyPixel(layered, 64, 38, 76, 70, hasRed)) << "the W of cell 5 itself";
+  EXPECT_FALSE(anyPixel(layered, 121, 46, 133, 78, hasRed)) << "half a cell over, half covered";
+  EXPECT_TRUE(anyPixel(layered, 115, 38, 121, 46, hasRed));
 }
 
 // Cells half a cell off the grid, over the varied screen: every cell overlaps four others.
@@ -168,6 +170,13 @@ const struct Scene {
        drawOffGrid();
      }},
     {"cells around a shape", drawCellsAroundAShape},
+    // Batching stopped mid-frame keeps the cells drawn before it, composed or batched.
+    {"batching stopped mid-frame",
+     [] {
+       mv_scenes::drawVariedScreen(3);
+       DisplayManager::getInstance().setBatching(false);
+       DisplayManager::getInstance().drawString(Vector(3, 4), "Drawn alone", mv::LEFT, mv::YELLOW);
+     }},
     // A frame shown, then one where only a few cells differ from it.
     {"a few changed cells",
      [] {
@@ -195,10 +204,8 @@ int mostDiffering(const sf::Image& picture) {
 }
 
 TEST(DisplayWindowBatches, LookLikeCellsDrawnOneByOne) {
-  for (const char* grid : {"window_horizontal_chars:157,window_vertical_chars:48,"
-                           "window_horizontal_pixels:1256,window_vertical_pixels:768,",
-                           "window_horizontal_chars:80,window_vertical_chars:24,"
-                           "window_horizontal_pixels:1024,window_vertical_pixels:768,"}) {
+  // Cells of whole pixels, and the default grid's of 12.8 by 32.
+  for (const char* grid : {WHOLE_PIXEL_GRID, ""}) {
     mv_test::ScratchDirectory scratch;
     ASSERT_EQ(mv_test::startDisplay(grid), 0);
     for (const Scene& scene : SCENES) {
@@ -213,44 +220,21 @@ TEST(DisplayWindowBatches, LookLikeCellsDrawnOneByOne) {
   }
 }
 
-TEST(DisplayWindowBatches, KeepTheirCellsWhenBatchingStopsMidFrame) {
-  mv_test::ScratchDirectory scratch;
-  ASSERT_EQ(mv_test::startDisplay(""), 0);
-  DisplayManager& display = DisplayManager::getInstance();
-  // Composing by default: cell 5 stands on whole pixels and goes in the
-  // picture; cell 1, at 12.8 pixels, does not, and goes in the batch.
-  display.drawCharacter(Vector(5, 1), 'W', mv::RED, 0);
-  display.drawCharacter(Vector(1, 1), 'W', mv::GREEN, 0);
-  display.setBatching(false);
-  display.drawCharacter(Vector(10, 1), 'W', mv::BLUE, 0);
-  const sf::Image picture = mv_test::captureWindow();
-  EXPECT_TRUE(anyPixel(picture, 60, 25, 85, 75, hasRed));
-  EXPECT_TRUE(anyPixel(picture, 10, 25, 35, 75, [](sf::Color p) { return p.g > 200; }));
-  EXPECT_TRUE(anyPixel(picture, 125, 25, 150, 75, [](sf::Color p) { return p.b > 200; }));
-}
-
 // A picture that nothing covers goes into the window without the graphics
 // card: what the window shows after each swap is read back from the X server.
 TEST(DisplayWindowBatches, ShowPicturesAloneInTheWindowAsCaptured) {
   mv_test::ScratchDirectory scratch;
-  ASSERT_EQ(mv_test::startDisplay("window_horizontal_chars:157,window_vertical_chars:48,"
-                                  "window_horizontal_pixels:1256,window_vertical_pixels:768,"),
-            0);
+  ASSERT_EQ(mv_test::startDisplay(WHOLE_PIXEL_GRID), 0);
   DisplayManager& display = DisplayManager::getInstance();
-  const auto steady = [] { mv_scenes::drawSlowlyChangingScreen(0, 50); };
-  const auto changed = [] { mv_scenes::drawSlowlyChangingScreen(1, 50); };
-  const sf::Image captured[] = {drawnAs(COMPOSED, steady), drawnAs(COMPOSED, changed)};
+  const sf::Image captured[] = {
+      drawnAs(COMPOSED, [] { mv_scenes::drawSlowlyChangingScreen(0, 50); }),
+      drawnAs(COMPOSED, [] { mv_scenes::drawSlowlyChangingScreen(1, 50); })};
   // The whole picture, the same again, then a few cells changed; last, a frame without cells.
-  const struct {
-    void (*scene)();
-    const sf::Image& expected;
-  } frames[] = {{steady, captured[0]}, {steady, captured[0]}, {changed, captured[1]}};
-  for (const auto& frame : frames) {
-    frame.scene();
+  for (int frame : {0, 0, 1}) {
+    mv_scenes::drawSlowlyChangingScreen(frame, 50);
     display.swapBuffers();
     const sf::Image shown = mv_test::readWindowFromX();
-    EXPECT_LE(differingPixels(frame.expected, shown), mostDiffering(shown))
-        << "frame " << &frame - frames;
+    EXPECT_LE(differingPixels(captured[frame], shown), mostDiffering(shown)) << "frame " << frame;
   }
   display.swapBuffers();
   EXPECT_EQ(mv_test::readWindowFromX().getPixel(600, 300), sf::Color::Black);

@@ -17,7 +17,6 @@ namespace {
 
 using Log = std::vector<std::string>;
 using mv::InputManager;
-using mv_test::FakeInput;
 using mv_test::RecordingObject;
 
 class InputManagerTest : public mv_test::WorldTest {
@@ -38,7 +37,7 @@ class InputManagerTest : public mv_test::WorldTest {
     return listener->received;
   }
 
-  FakeInput input;
+  mv_test::FakeInput input;
   RecordingObject* listener = nullptr;
 };
 
@@ -64,16 +63,15 @@ TEST_F(InputManagerTest, KeysOutsideThePollGiveOnlyPressesAndReleases) {
       << "the keypad's minus is the engine's minus";
 }
 
-TEST_F(InputManagerTest, HeldKeysComeInTheirFixedOrder) {
+TEST_F(InputManagerTest, HeldKeysAndButtonsComeInTheirFixedOrderAndButtonReleasesGiveNothing) {
   input.held_keys = {sf::Keyboard::Num0, sf::Keyboard::A,         sf::Keyboard::Space,
                      sf::Keyboard::Up,   sf::Keyboard::Backspace, sf::Keyboard::F10};
   const auto down = [](mv::Keyboard::Key key) { return "key " + std::to_string(key) + " down"; };
   using namespace mv::Keyboard;
   EXPECT_EQ(frame(), (Log{down(UPARROW), down(SPACE), down(F10), down(mv::Keyboard::A), down(NUM0),
                           down(BACKSPACE)}));
-}
 
-TEST_F(InputManagerTest, HeldButtonsComeInTheirOrderAndReleasesGiveNothing) {
+  input.held_keys.clear();
   input.mouse = {64, 16};
   input.held_buttons = {sf::Mouse::Middle, sf::Mouse::Right, sf::Mouse::Left};
   EXPECT_EQ(frame(), (Log{"mouse pressed 0 at (5,0.5)", "mouse pressed 1 at (5,0.5)",

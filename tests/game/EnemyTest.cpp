@@ -28,7 +28,10 @@ void expectNear(Vector actual, Vector expected) {
   EXPECT_NEAR(actual.getY(), expected.getY(), 1e-5);
 }
 
-TEST_F(EnemyTest, EachKindClosesInFromItsOwnDistance) {
+// Every enemy answers the hero at (100,24) in the same step: chairs and
+// robots close in from their own distances; a furnace wakes within ten of
+// his row or column, and flames along the one within five.
+TEST_F(EnemyTest, EachKindClosesInFromItsOwnDistanceAndAFurnaceFlamesAlongTheRowOrColumnNearIt) {
   const Vector hero_at(100, 24);
   heroAlone()->setPosition(hero_at);
   const struct {
@@ -46,10 +49,40 @@ TEST_F(EnemyTest, EachKindClosesInFromItsOwnDistance) {
   for (const auto& c : cases) {
     enemies.push_back(c.make(hero_at - c.hero_from_enemy));
   }
+  const struct {
+    Vector at;
+    bool flames;
+    Vector flame;
+    bool awake;
+  } furnace_cases[] = {
+      {{95, 8}, true, {0, 1.4}, true},    {{94.5, 8}, false, {}, true},
+      {{100, 40}, true, {0, -1.4}, true}, {{70, 19}, true, {2, 0}, true},
+      {{115, 24}, true, {-2, 0}, true},   {{104, 20}, true, {0, 1.4}, true},
+      {{60, 2}, false, {}, false},
+  };
+  std::vector<Furnace*> furnaces;
+  for (const auto& c : furnace_cases) {
+    furnaces.push_back(new Furnace(c.at, 1));
+  }
   step();
   for (std::size_t i = 0; i < enemies.size(); i++) {
     SCOPED_TRACE(i);
     expectNear(enemies[i]->getVelocity(), cases[i].velocity);
+  }
+  for (std::size_t i = 0; i < furnaces.size(); i++) {
+    const auto& c = furnace_cases[i];
+    SCOPED_TRACE(testing::Message() << "the furnace at " << c.at.toString());
+    std::vector<mv::Object*> flames;
+    for (mv::Object* flame : all("EnemyBullet")) {
+      if (flame->getPosition() == c.at) {
+        flames.push_back(flame);
+      }
+    }
+    ASSERT_EQ(flames.size(), c.flames ? 1u : 0u);
+    if (c.flames) {
+      expectNear(flames[0]->getVelocity(), c.flame);
+    }
+    EXPECT_EQ(furnaces[i]->getActiveCountdown() > 0, c.awake);
   }
 }
 
@@ -77,40 +110,6 @@ TEST_F(EnemyTest, RobotsAndFurnacesKeepTheirRhythmOfFireAndAimFlatterUpAndDownTh
     for (std::size_t i = 0; i < c.volley.size(); i++) {
       expectNear(shots[shots.size() - c.volley.size() + i]->getVelocity(), c.volley[i]);
     }
-  }
-}
-
-TEST_F(EnemyTest, AFurnaceWakesWithinTenOfItsRowOrColumnAndFlamesAlongTheOneWithinFive) {
-  heroAlone()->setPosition(Vector(100, 24));
-  const struct {
-    Vector at;
-    bool flames;
-    Vector flame;
-    bool awake;
-  } cases[] = {
-      {{95, 8}, true, {0, 1.4}, true},    {{94.5, 8}, false, {}, true},
-      {{100, 40}, true, {0, -1.4}, true}, {{70, 19}, true, {2, 0}, true},
-      {{115, 24}, true, {-2, 0}, true},   {{104, 20}, true, {0, 1.4}, true},
-      {{60, 2}, false, {}, false},
-  };
-  std::vector<Furnace*> furnaces;
-  for (const auto& c : cases) {
-    furnaces.push_back(new Furnace(c.at, 1));
-  }
-  step();
-  for (std::size_t i = 0; i < furnaces.size(); i++) {
-    SCOPED_TRACE(i);
-    std::vector<mv::Object*> flames;
-    for (mv::Object* flame : all("EnemyBullet")) {
-      if (flame->getPosition() == cases[i].at) {
-        flames.push_back(flame);
-      }
-    }
-    ASSERT_EQ(flames.size(), cases[i].flames ? 1u : 0u);
-    if (cases[i].flames) {
-      expectNear(flames[0]->getVelocity(), cases[i].flame);
-    }
-    EXPECT_EQ(furnaces[i]->getActiveCountdown() > 0, cases[i].awake);
   }
 }
 

@@ -28,18 +28,6 @@ std::string spriteFile(int width, int height, int frames) {
   return text;
 }
 
-// Sprites the rules can be reckoned with: the hero's and furnace's for their
-// changes, walls that close the room, and an end screen that lasts 6 steps.
-// All else goes without, in the default box of one cell.
-void writeSprites(const mv_test::ScratchDirectory& scratch) {
-  for (const char* label : {"hero", "hero-hurt", "furnace", "furnace-active"}) {
-    scratch.write(std::string("Sprites/") + label + "-spr.txt", spriteFile(1, 1, 1));
-  }
-  scratch.write("Sprites/wall-horizontal-spr.txt", spriteFile(158, 1, 1));
-  scratch.write("Sprites/wall-vertical-spr.txt", spriteFile(1, 33, 1));
-  scratch.write("Sprites/gameover-spr.txt", spriteFile(1, 1, 2));
-}
-
 mv::WorldManager& world() { return mv::WorldManager::getInstance(); }
 
 struct UpgradeEffect {
@@ -63,8 +51,16 @@ void GameTest::SetUp() {
   if (game_sprites) {
     std::filesystem::create_directory_symlink(game_data / "Sprites", "Sprites");
   } else {
+    // Sprites the rules can be reckoned with: the hero's and furnace's for their
+    // changes, walls that close the room, and an end screen that lasts 6 steps.
+    // All else goes without, in the default box of one cell.
     std::filesystem::create_directory("Sprites");
-    writeSprites(scratch);
+    for (const char* label : {"hero", "hero-hurt", "furnace", "furnace-active"}) {
+      scratch.write(std::string("Sprites/") + label + "-spr.txt", spriteFile(1, 1, 1));
+    }
+    scratch.write("Sprites/wall-horizontal-spr.txt", spriteFile(158, 1, 1));
+    scratch.write("Sprites/wall-vertical-spr.txt", spriteFile(1, 33, 1));
+    scratch.write("Sprites/gameover-spr.txt", spriteFile(1, 1, 2));
   }
   std::filesystem::create_directory("play");
   std::filesystem::current_path("play");
@@ -204,16 +200,11 @@ void applyUpgrade(Hero* hero, const std::string& name, int times) {
 Stats upgraded(Stats stats, const std::string& name) {
   for (const UpgradeEffect& upgrade : UPGRADE_EFFECTS) {
     if (name == upgrade.name) {
-      stats[upgrade.stat] += upgrade.change;
+      // Stats are floats: the sum is rounded as the hero rounds it.
+      stats[upgrade.stat] = static_cast<float>(stats[upgrade.stat] + upgrade.change);
       return stats;
     }
   }
   ADD_FAILURE() << "no upgrade " << name;
   return stats;
-}
-
-void expectStats(const Stats& actual, const Stats& expected) {
-  for (std::size_t i = 0; i < actual.size(); i++) {
-    EXPECT_NEAR(actual[i], expected[i], 1e-6) << "stat " << i;
-  }
 }

@@ -80,5 +80,3 @@ std::vector<std::string> upgradeNames();
 void applyUpgrade(Hero* hero, const std::string& name, int times);
 // `stats` as the upgrade `name` leaves them.
 Stats upgraded(Stats stats, const std::string& name);
-// Player speed is a float: stats agree to a millionth.
-void expectStats(const Stats& actual, const Stats& expected);

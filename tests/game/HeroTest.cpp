@@ -6,8 +6,8 @@
 #include "Bullet.h"
 #include "Chair.h"
 #include "GameTest.h"
-#include "InputManager.h"
 #include "Gunrobot.h"
+#include "InputManager.h"
 #include "WorldManager.h"
 
 namespace {
@@ -128,7 +128,7 @@ TEST_F(HeroTest, EachUpgradeChangesItsOwnStatAndTheKeysOPAndIGiveThreeOfThemOnce
     SCOPED_TRACE(name);
     const Stats expected = upgraded(statsOf(hero), name);
     EXPECT_EQ(hero->applyUpgrade(name), 0);
-    expectStats(statsOf(hero), expected);
+    EXPECT_EQ(statsOf(hero), expected);
   }
   EXPECT_EQ(shown("Health"), 6);
 
@@ -144,7 +144,7 @@ TEST_F(HeroTest, EachUpgradeChangesItsOwnStatAndTheKeysOPAndIGiveThreeOfThemOnce
     expected = upgraded(expected, name);
   }
   hold({Key::O, Key::P, Key::I}, 5);
-  expectStats(statsOf(hero), expected);
+  EXPECT_EQ(statsOf(hero), expected);
 }
 
 }  // namespace

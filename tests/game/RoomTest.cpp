@@ -12,8 +12,6 @@
 
 namespace {
 
-using mv::Vector;
-
 class RoomTest : public GameTest {
  protected:
   // Clears the room whose id is `room` and plays on, taking an offered upgrade,
@@ -36,7 +34,8 @@ class RoomTest : public GameTest {
 };
 
 TEST_F(RoomTest, AParlorSpendsABudgetOfSixOnThreeToSixEnemiesEachOnASpawnPointOfItsOwn) {
-  const Vector spawn_points[] = {{90, 24}, {100, 34}, {90, 14}, {130, 24}, {120, 34}, {130, 14}};
+  const mv::Vector spawn_points[] = {{90, 24},  {100, 34}, {90, 14},
+                                     {130, 24}, {120, 34}, {130, 14}};
   std::set<std::size_t> counts;
   bool wrench_robot_in_the_last_slot_on_the_last_of_the_budget = false;
   for (unsigned seed = 1; seed <= 200; seed++) {
@@ -97,7 +96,7 @@ TEST_F(RoomTest, ACactusLeavingOnTheRightComesBackFromTheLeftAboveOrBelowTheRoom
   std::set<float> columns;
   std::set<float> rows;
   for (int respawn = 1; respawn <= 200; respawn++) {
-    cactus->setPosition(Vector(199, 44));
+    cactus->setPosition(mv::Vector(199, 44));
     mv::WorldManager::getInstance().update();
     mv::WorldManager::getInstance().update();
     columns.insert(cactus->getPosition().getX());

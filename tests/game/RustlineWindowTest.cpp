@@ -16,6 +16,7 @@
 #include "RecordingObject.h"
 #include "WorldTest.h"
 #include "displayStart.h"
+#include "windowOnDesktop.h"
 
 // Last: Xlib defines macros that would clash with names in SFML's headers.
 #include <X11/Xlib.h>
@@ -47,13 +48,9 @@ TEST_F(RustlineWindow, LiesWhollyOnTheScreenWithItsCellsWhereAClickFindsThem) {
   EXPECT_TRUE(shown.x >= 0 && shown.y >= 0 && shown.x + shown.width <= screen_width &&
               shown.y + shown.height <= screen_height)
       << shown.width << " by " << shown.height << " at " << shown.x << ", " << shown.y;
-  if (screen_width >= 1920 && screen_height >= 1080) {
-    EXPECT_EQ(shown.width, 1570);
-    EXPECT_EQ(shown.height, 960);
-  } else {
-    EXPECT_LT(shown.width, 1570);
-    EXPECT_EQ(shown.width * 2 * 48, shown.height * 157) << "cells twice as high as wide";
-  }
+  EXPECT_EQ(sf::Vector2i(shown.width, shown.height),
+            mv::fitOnDesktop({1570, 960}, {157, 48}, {screen_width, screen_height}))
+      << "the game's size where it fits, else shrunk to whole cells twice as high as wide";
 
   auto* listener = new mv_test::RecordingObject("listener");
   listener->registerInterest("mv-mouse");

@@ -56,7 +56,7 @@ TEST_F(UpgradeButtonTest, EachButtonClickedGivesItsUpgradeAndTheNextRoomComesOnT
       expected = upgraded(expected, static_cast<UpgradeButton*>(buttons[i])->getName());
     }
     frame();
-    expectStats(statsOf(hero), expected);
+    EXPECT_EQ(statsOf(hero), expected);
     EXPECT_EQ(all("UpgradeButton").size(), 2 - clicked);
     frames(8);
     EXPECT_TRUE(all("Room").empty());

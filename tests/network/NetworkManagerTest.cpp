@@ -2,12 +2,11 @@
 
 #include <fcntl.h>
 #include <gtest/gtest.h>
-#include <netinet/in.h>
 #include <sys/socket.h>
 
-#include <algorithm>
 #include <filesystem>
 #include <functional>
+#include <iterator>
 #include <vector>
 
 #include "EventNetwork.h"
@@ -18,6 +17,7 @@
 #include "ScratchDirectory.h"
 #include "WorldTest.h"
 #include "logLines.h"
+#include "loopbackPeer.h"
 #include "platform.h"
 #include "sockets.h"
 
@@ -60,14 +60,9 @@ int acceptOne() {
   return socket;
 }
 
-// A peer of our own over loopback, speaking raw bytes, that never waits.
+// A peer of our own that never waits.
 int connectPeer(int port = network().getPort()) {
-  const int peer = ::socket(AF_INET, SOCK_STREAM, 0);
-  sockaddr_in where{};
-  where.sin_family = AF_INET;
-  where.sin_port = htons(static_cast<std::uint16_t>(port));
-  where.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-  EXPECT_EQ(::connect(peer, reinterpret_cast<sockaddr*>(&where), sizeof where), 0);
+  const int peer = mv_test::connectLoopback(port);
   fcntl(peer, F_SETFL, O_NONBLOCK);
   return peer;
 }
@@ -98,13 +93,11 @@ class NetworkTest : public mv_test::WorldTest {
     mv::LogManager::getInstance().setFlush(true);
     ASSERT_EQ(network().startUp(), 0);
     listener = new mv_test::RecordingObject("listener");
-    const auto wantAll = [this](const auto& labels) {
-      for (const std::string& label : labels) {
+    for (const auto* labels : {&mv::MESSAGE_LABELS, &mv::CONNECTION_LABELS}) {
+      for (const std::string& label : *labels) {
         EXPECT_EQ(listener->registerInterest(label), 0) << label;
       }
-    };
-    wantAll(mv::MESSAGE_LABELS);
-    wantAll(mv::CONNECTION_LABELS);
+    }
   }
 
   void TearDown() override {
@@ -123,8 +116,7 @@ TEST_F(NetworkTest, RefusesWhatItCannotDoAndSaysSoAndReportsAPartialSend) {
   EXPECT_EQ(network().accept(), -2);
   EXPECT_TRUE(logged("NetworkManager::accept(): Error! Not setup as server."));
 
-  const char byte = 'x';
-  EXPECT_EQ(network().send(&byte, 1, 42), -1);
+  EXPECT_EQ(network().send("x", 1, 42), -1);
   EXPECT_TRUE(logged("NetworkManager::send(): Error! Socket 42 not connected. Unable to send."));
   EXPECT_EQ(network().close(42), -1);
   EXPECT_TRUE(logged("NetworkManager::close(): Error! Socket 42 not found."));
@@ -139,8 +131,9 @@ TEST_F(NetworkTest, RefusesWhatItCannotDoAndSaysSoAndReportsAPartialSend) {
   serve();
   EXPECT_EQ(network().startServer(0), -1) << "one listening socket at a time";
   EXPECT_EQ(network().connect(mv::LOOPBACK_ADDRESS, 0), -1);
-  EXPECT_TRUE(logged("NetworkManager::connect(): Error! '127.0.0.1' port 0 is no address to "
-                     "connect to."));
+  EXPECT_TRUE(
+      logged("NetworkManager::connect(): Error! '127.0.0.1' port 0 is no address to "
+             "connect to."));
   EXPECT_TRUE(listener->received.empty());
 
   const int peer = connectPeer();
@@ -284,54 +277,27 @@ TEST_F(NetworkTest, AHostilePeerIsClosedAndTakesNoOneElsesPlace) {
   EXPECT_EQ(openDescriptors(), descriptors_before) << "every socket given back";
 }
 
-// Reads everything a peer is sent until our side closes it: the messages in
-// it, and whether a broken or cut message ended it.
-std::vector<mv::Message> readToTheEnd(int peer) {
-  mv::MessageReader reader;
+// Every byte a peer is sent until our side closes it.
+std::string readToTheEnd(int peer) {
+  std::string stream;
   std::vector<char> chunk(1 << 16);
   withinTwoSeconds([&] {
     long got;
     while ((got = mv::sockets::receiveSome(peer, chunk.data(), chunk.size())) > 0) {
-      reader.add(chunk.data(), static_cast<std::size_t>(got));
+      stream.append(chunk.data(), static_cast<std::size_t>(got));
     }
     return got == 0;
   });
-  std::vector<mv::Message> messages;
-  mv::Message message;
-  while (reader.next(message) == mv::MessageReader::COMPLETE) {
-    messages.push_back(message);
-  }
-  return messages;
+  return stream;
 }
 
 // The payload of the i-th big message: a megabyte less one of one letter.
 std::string bigPayload(int i) { return std::string(mv::MAX_MESSAGE_BODY - 1, 'a' + i); }
 
-TEST_F(NetworkTest, ASlowPeerGetsWhatWaitsWholeAndInOrderTillMoreThanTheCapWaits) {
-  serve();
-  network().setOutgoingCap(4 << 20);
-  const int peer = connectPeer();
-  const int socket = acceptOne();
-  int sent = 0;
-  while (sent < 20 && network().sendMessage("mv-network-sync", bigPayload(sent), socket) == 0) {
-    sent++;
-  }
-  EXPECT_LT(sent, 20);
-  EXPECT_FALSE(network().isConnected(socket));
-  EXPECT_TRUE(logHas("NetworkManager::sendMessage(): Error! Socket " + std::to_string(socket) +
-                     " has "));
-  EXPECT_TRUE(logHas("bytes waiting to go, more than its cap of 4194304; closing it."));
-  EXPECT_EQ(logHas("Return is -1"), false) << "a socket that takes no more is no error";
-
-  const std::vector<mv::Message> arrived = readToTheEnd(peer);
-  ASSERT_GE(arrived.size(), 1u);
-  for (std::size_t i = 0; i < arrived.size(); i++) {
-    EXPECT_TRUE(arrived[i].payload == bigPayload(static_cast<int>(i))) << "message " << i;
-  }
-  mv::sockets::closeSocket(peer);
-}
-
-TEST_F(NetworkTest, ABurstLargerThanTheSocketsBuffersReachesAPeerThatReadsWhole) {
+// A burst larger than the system's buffers waits for a peer that reads, and
+// arrives whole; a peer that never reads gets what waited, whole and in order,
+// until more than its cap waits.
+TEST_F(NetworkTest, ABurstWaitsForAReaderAndASlowPeerGetsItWholeTillMoreThanTheCapWaits) {
   serve();
   const int client = network().connect(mv::LOOPBACK_ADDRESS, network().getPort());
   const int server_side = acceptOne();
@@ -356,6 +322,31 @@ TEST_F(NetworkTest, ABurstLargerThanTheSocketsBuffersReachesAPeerThatReadsWhole)
   }
   EXPECT_EQ(network().getWaitingBytes(server_side), 0u);
   EXPECT_TRUE(network().isConnected(client));
+
+  network().setOutgoingCap(4 << 20);
+  const int peer = connectPeer();
+  const int socket = acceptOne();
+  int sent = 0;
+  while (sent < 20 && network().sendMessage("mv-network-sync", bigPayload(sent), socket) == 0) {
+    sent++;
+  }
+  EXPECT_LT(sent, 20);
+  EXPECT_FALSE(network().isConnected(socket));
+  EXPECT_TRUE(
+      logHas("NetworkManager::sendMessage(): Error! Socket " + std::to_string(socket) + " has "));
+  EXPECT_TRUE(logHas("bytes waiting to go, more than its cap of 4194304; closing it."));
+  EXPECT_EQ(logHas("Return is -1"), false) << "a socket that takes no more is no error";
+
+  // Each message that arrived whole is the next one sent.
+  const std::string stream = readToTheEnd(peer);
+  const std::size_t frame = mv::MESSAGE_HEADER_BYTES + mv::MAX_MESSAGE_BODY;
+  ASSERT_GE(stream.size(), frame);
+  for (std::size_t i = 0; i < stream.size() / frame; i++) {
+    EXPECT_TRUE(stream.substr(i * frame, frame) ==
+                mv::frameMessage("mv-network-sync", bigPayload(static_cast<int>(i))))
+        << "message " << i;
+  }
+  mv::sockets::closeSocket(peer);
 }
 
 TEST_F(NetworkTest, AConnectAnswersAtOnceAndOneThatCannotOpenClosesWithItsReason) {
@@ -438,8 +429,7 @@ TEST_F(NetworkTest, ATrickleIsClosedAndAFloodIsHandedOnAtTheCapWithNothingLost) 
     per_poll.push_back(network().receive());
   }
   ASSERT_TRUE(pollUntil([&] { return !network().isConnected(-1); }));
-  EXPECT_EQ(std::vector<int>(per_poll.begin(), per_poll.begin() + 3),
-            (std::vector<int>{50, 10, 1000}));
+  EXPECT_EQ(per_poll, (std::vector<int>{50, 10, 1000}));
   ASSERT_EQ(listener->received.size(), 5001u);
   for (int i = 0; i < 5000; i += 499) {
     std::string payload = std::to_string(i);
@@ -480,25 +470,17 @@ TEST(NetworkManagerInTheLoop, TheLoopAcceptsReadsAndSendsWhatIsDue) {
   sendRaw(peer, mv::frameMessage("mv-network-sync", "hello"));
 
   game.run();
-  ASSERT_GE(sender->received.size(), 4u);
-  const std::vector<std::string> first_frame(sender->received.begin(),
-                                             sender->received.begin() + 4);
-  EXPECT_EQ(first_frame, (std::vector<std::string>{"mv-step", "mv-network-accept",
-                                                   "mv-network-sync 'hello'", "mv-step"}));
+  sender->received.resize(4);
+  EXPECT_EQ(sender->received, (std::vector<std::string>{"mv-step", "mv-network-accept",
+                                                        "mv-network-sync 'hello'", "mv-step"}))
+      << "the first frame";
   EXPECT_FALSE(sent_early) << "a message due later holds back the one behind it";
   EXPECT_TRUE(sent_when_due) << "and goes in the frame of its step";
-  const std::string expected =
-      mv::frameMessage("mv-network-sync", "later") + mv::frameMessage("mv-network-sync", "now");
-  std::string got;
-  char chunk[4096];
-  withinTwoSeconds([&] {
-    got.append(chunk, std::max(mv::sockets::receiveSome(peer, chunk, sizeof chunk), 0L));
-    return got.size() >= expected.size();
-  });
-  EXPECT_EQ(got, expected);
-  mv::sockets::closeSocket(peer);
   game.shutDown();
   EXPECT_FALSE(network().isServer());
+  EXPECT_EQ(readToTheEnd(peer), mv::frameMessage("mv-network-sync", "later") +
+                                    mv::frameMessage("mv-network-sync", "now"));
+  mv::sockets::closeSocket(peer);
 }
 
 }  // namespace

@@ -1,8 +1,6 @@
 #include "ScreenMirror.h"
 
 #include <gtest/gtest.h>
-#include <netinet/in.h>
-#include <sys/socket.h>
 
 #include <functional>
 #include <string>
@@ -13,6 +11,7 @@
 #include "ScratchDirectory.h"
 #include "displayStart.h"
 #include "logLines.h"
+#include "loopbackPeer.h"
 #include "messages.h"
 #include "platform.h"
 #include "sockets.h"
@@ -21,16 +20,6 @@
 namespace {
 
 using mv::ScreenMirror;
-
-int connectTo(int port) {
-  const int peer = ::socket(AF_INET, SOCK_STREAM, 0);
-  sockaddr_in where{};
-  where.sin_family = AF_INET;
-  where.sin_port = htons(static_cast<std::uint16_t>(port));
-  where.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-  EXPECT_EQ(::connect(peer, reinterpret_cast<sockaddr*>(&where), sizeof where), 0);
-  return peer;
-}
 
 std::string watchMessage(const std::string& label, const std::string& payload) {
   return mv::frameMessage(label, payload, mv::WATCH_LABELS);
@@ -60,7 +49,7 @@ TEST(ScreenMirror, AWatcherThatSendsWhatNoWatcherSendsIsClosedWithALine) {
   };
   for (const auto& w : watchers) {
     SCOPED_TRACE(w.why);
-    const int peer = connectTo(mirror.getPort());
+    const int peer = mv_test::connectLoopback(mirror.getPort());
     ASSERT_EQ(mv::sockets::sendSome(peer, w.sent.data(), w.sent.size()),
               static_cast<long>(w.sent.size()));
     const bool hangs_up = std::string(w.why) == "it went away";

@@ -10,7 +10,7 @@ namespace {
 using mv::ScreenGrid;
 using mv::Vector;
 
-TEST(WatchMessages, AScreenArrivesAsItWasDrawnWholeOrByItsChanges) {
+TEST(WatchMessages, AScreenArrivesAsDrawnAndOneCutOrPastTheGridIsRefusedWritingNothing) {
   ScreenGrid before(6, 3);
   before.recordCell(Vector(0, 0), 'a', 255, 0, 0);
   before.recordCell(Vector(5, 2), 'z', 1, 2, 3);
@@ -32,16 +32,13 @@ TEST(WatchMessages, AScreenArrivesAsItWasDrawnWholeOrByItsChanges) {
   EXPECT_EQ(watched.getCells(), now.getCells());
   ASSERT_TRUE(mv::applyScreenChanges(mv::screenChanges(9, nullptr, now), watched, step));
   EXPECT_EQ(watched.getCells(), now.getCells()) << "a whole screen clears what it does not name";
-}
 
-TEST(WatchMessages, AMessageCutOrReachingPastTheGridIsRefusedAndWritesNothingOutside) {
   mv_test::ScratchDirectory scratch;
   mv::LogManager::getInstance().startUp();
   ScreenGrid big(10, 10);
   big.recordCell(Vector(9, 9), '#', 9, 9, 9);
   const std::string screen = mv::screenChanges(1, nullptr, big);
   ScreenGrid small(4, 4);
-  int step = 0;
   EXPECT_FALSE(mv::applyScreenChanges(screen, small, step)) << "cell 99 of a grid of 16";
   EXPECT_FALSE(mv::applyScreenChanges(screen.substr(0, screen.size() - 1), big, step));
   EXPECT_EQ(small.getCells(), ScreenGrid(4, 4).getCells());

@@ -19,7 +19,7 @@ RecordingObject* block(const char* name, Vector position) {
   return o;
 }
 
-TEST_F(NormalTest, TheSideOfRestIsFoundVerticalSidesFirst) {
+TEST_F(NormalTest, TheSideOfRestIsFoundVerticalSidesFirstAndViewCoordinatesDifferByItsCorner) {
   RecordingObject* hit = block("hit", Vector(10, 10));
   RecordingObject* mover = block("mover", Vector());
   const struct {
@@ -42,9 +42,7 @@ TEST_F(NormalTest, TheSideOfRestIsFoundVerticalSidesFirst) {
   }
   mover->setPosition(Vector(30, 30));
   mv_test::stderrOf([&] { EXPECT_EQ(mv::getNormal(mover, hit), Vector()); });
-}
 
-TEST_F(NormalTest, WorldAndViewCoordinatesDifferByTheViewsCorner) {
   world().setView(Box(Vector(30, 10), 80, 24));
   EXPECT_EQ(mv::worldToView(Vector(35, 12)), Vector(5, 2));
   EXPECT_EQ(mv::viewToWorld(Vector(5, 2)), Vector(35, 12));

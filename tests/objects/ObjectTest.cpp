@@ -56,8 +56,7 @@ TEST_F(ObjectTest, SettersRefuseWhatIsOutOfRangeAndMarkOnlyRealChanges) {
   o->setVelocity(Vector(1, 0));
   o->setAcceleration(Vector(0, 1));
   o->applyAcceleration();
-  EXPECT_FLOAT_EQ(o->predictPosition().getY(), 2.0f);
-  EXPECT_FLOAT_EQ(o->predictPosition().getX(), 2.0f);
+  EXPECT_EQ(o->predictPosition(), Vector(2, 2));
 }
 
 TEST_F(ObjectTest, ASpriteFoundByItsLabelGivesTheObjectItsLooksAndItsBox) {
@@ -77,7 +76,7 @@ TEST_F(ObjectTest, ASpriteFoundByItsLabelGivesTheObjectItsLooksAndItsBox) {
   mv::ResourceManager::getInstance().shutDown();
 }
 
-TEST_F(ObjectTest, PathsAreFollowedNodeByNodeWithinThreeQuartersOfAStep) {
+TEST_F(ObjectTest, PathsAreFollowedWithinThreeQuartersOfAStepAndOnesFoundAreTakenUp) {
   mv::Object* o = new mv::Object;
   o->setPosition(Vector(5, 5));
   o->setSpeed(1);
@@ -110,32 +109,30 @@ TEST_F(ObjectTest, PathsAreFollowedNodeByNodeWithinThreeQuartersOfAStep) {
   o->followPath();
   EXPECT_FALSE(o->getFollowPath()) << "an empty path ends following";
   EXPECT_EQ(o->getDirection(), Vector());
-}
 
-TEST_F(ObjectTest, APathFoundByASearchIsTakenUpByTheBaseHandler) {
-  mv::Object* o = new mv::Object;
+  mv::Object* searcher = new mv::Object;
   mv::Path found;
   found.setNodes({Vector(10, 1)});
   mv::EventPath event;
   event.setPath(found);
   event.setResult(0);
-  EXPECT_EQ(o->eventHandler(&event), 1);
-  EXPECT_FALSE(o->getFollowPath()) << "no path: motion is left alone";
+  EXPECT_EQ(searcher->eventHandler(&event), 1);
+  EXPECT_FALSE(searcher->getFollowPath()) << "no path: motion is left alone";
   event.setResult(2);
-  EXPECT_EQ(o->eventHandler(&event), 1);
-  EXPECT_TRUE(o->getFollowPath());
-  EXPECT_EQ(o->getDirection(), Vector(1, 0));
+  EXPECT_EQ(searcher->eventHandler(&event), 1);
+  EXPECT_TRUE(searcher->getFollowPath());
+  EXPECT_EQ(searcher->getDirection(), Vector(1, 0));
 
   mv::Event impostor;
   impostor.setType("mv-path");
-  EXPECT_TRUE(
-      mv_test::hasMessage(mv_test::stderrOf([&] { EXPECT_EQ(o->eventHandler(&impostor), 0); }),
-                          "Object::eventHandler(): Error! Dynamic cast to EventPath failed."));
+  EXPECT_TRUE(mv_test::hasMessage(
+      mv_test::stderrOf([&] { EXPECT_EQ(searcher->eventHandler(&impostor), 0); }),
+      "Object::eventHandler(): Error! Dynamic cast to EventPath failed."));
   const mv::EventStep step(3);
-  EXPECT_EQ(o->eventHandler(&step), 0);
+  EXPECT_EQ(searcher->eventHandler(&step), 0);
 }
 
-TEST_F(ObjectTest, InterestsAreKeptPerObjectUpToAHundredTwiceOverButTheManagerHoldsEachOnce) {
+TEST_F(ObjectTest, InterestsAreKeptPerObjectTheManagerHoldsEachOnceAndDeletedObjectsLeaveIt) {
   auto* o = new RecordingObject("o");
   EXPECT_EQ(o->registerInterest("rl::upgrade"), 0);
   EXPECT_EQ(o->registerInterest("rl::upgrade"), 0);
@@ -158,17 +155,16 @@ TEST_F(ObjectTest, InterestsAreKeptPerObjectUpToAHundredTwiceOverButTheManagerHo
                        "event 'one too many'",
                        "Object::unregisterInterest(): event 'never' not previously registered"}));
   EXPECT_EQ(o->getEventCount(), 100);
-}
 
-TEST_F(ObjectTest, StepsGoThroughTheGameManagerAndDeletedObjectsLeaveEveryTable) {
-  auto* o = new RecordingObject("o");
-  ASSERT_EQ(o->registerInterest("mv-step"), 0);
+  // Steps go through the game manager alone.
+  auto* stepper = new RecordingObject("stepper");
+  ASSERT_EQ(stepper->registerInterest("mv-step"), 0);
   const mv::EventStep step(7);
   EXPECT_EQ(mv::GameManager::getInstance().onEvent(&step), 1);
   EXPECT_EQ(world().onEvent(&step), 0);
-  EXPECT_EQ(o->received, std::vector<std::string>{"mv-step"});
+  EXPECT_EQ(stepper->received, std::vector<std::string>{"mv-step"});
 
-  world().markForDelete(o);
+  world().markForDelete(stepper);
   world().update();
   EXPECT_EQ(mv::GameManager::getInstance().onEvent(&step), 0)
       << "the destructor unregistered the interest";

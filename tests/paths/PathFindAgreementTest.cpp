@@ -14,7 +14,6 @@
 
 namespace {
 
-using mv::Cell;
 using mv::Vector;
 
 class PathFindAgreementTest : public mv_test::WorldTest {};
@@ -45,8 +44,8 @@ TEST_F(PathFindAgreementTest, TheEngineSearchesExactlyAsThePlainSearch) {
     mv::WorldManager::getInstance().startUp();
     const int width = side(random);
     const int height = side(random);
-    const Cell from{0, static_cast<int>(random() % height)};
-    const Cell to{width - 1, static_cast<int>(random() % height)};
+    const mv::Cell from{0, static_cast<int>(random() % height)};
+    const mv::Cell to{width - 1, static_cast<int>(random() % height)};
     mv_scenes::buildBlockedWorld(width, height, share(random), random(), {from, to});
     // SOFT objects never block; a HARD target ends the search where it is touched.
     new mv_test::RecordingObject("soft", Vector(width / 2.0f, height / 2.0f), mv::SOFT);
@@ -72,7 +71,10 @@ TEST_F(PathFindAgreementTest, TheEngineSearchesExactlyAsThePlainSearch) {
 TEST_F(PathFindAgreementTest, HardObjectsFarBeyondTheWorldBlockAlike) {
   const float far = 3e9f;
   const float bound = mv::MAX_WORLD_MAGNITUDE;
-  const mv::Box whole_cell(Vector(-0.5f, -0.5f), 1, 1);
+  const auto box = [](float x, float y, float width, float height) {
+    return mv::Box(Vector(x, y), width, height);
+  };
+  const mv::Box whole_cell = box(-0.5f, -0.5f, 1, 1);
   const struct {
     const char* what;
     Vector position;
@@ -83,34 +85,19 @@ TEST_F(PathFindAgreementTest, HardObjectsFarBeyondTheWorldBlockAlike) {
     Vector from = {2, 2};
     Vector to = {17, 10};
   } walls[] = {
-      {"far off, touching nothing", {far, -far}, whole_cell, true},
-      {"from far left to far right", {10, 6}, mv::Box(Vector(-far, -0.5f), 2 * far, 1), false},
-      {"from far above to far below", {10, 6}, mv::Box(Vector(-0.5f, -far), 1, 2 * far), false},
+      {"far off, touching nothing", Vector(far, -far), whole_cell, true},
+      {"from far left to far right", Vector(10, 6), box(-far, -0.5f, 2 * far, 1), false},
+      {"from far above to far below", Vector(10, 6), box(-0.5f, -far, 1, 2 * far), false},
       // A wall that holds the end blocks nothing.
-      {"over all the world", {-far, -far}, mv::Box(Vector(0, 0), 2 * far, 2 * far), true},
+      {"over all the world", Vector(-far, -far), box(0, 0, 2 * far, 2 * far), true},
       // Met from below, where the search comes from, by a box a row above its walker.
-      {"in from the bound, short of the right",
-       {-bound, 6},
-       mv::Box(Vector(0, -0.5f), bound + 12, 1),
-       true,
-       mv::Box(Vector(-0.5f, -1.5f), 1, 1),
-       {20, 12},
-       {2, 10},
-       {17, 2}},
+      {"in from the bound, short of the right", Vector(-bound, 6), box(0, -0.5f, bound + 12, 1),
+       true, box(-0.5f, -1.5f, 1, 1), Vector(20, 12), Vector(2, 10), Vector(17, 2)},
       // Out there floats are 2 apart: the walker's box at 3 rounds onto the wall.
-      {"met by a walker whose box stands 2^24 off",
-       {0x1p24f + 8, 6},
-       mv::Box(Vector(0, -far), 64, 2 * far),
-       false,
-       mv::Box(Vector(0x1p24f, -0.5f), 3, 1)},
-      {"across a corridor one cell tall",
-       {10, 0},
-       whole_cell,
-       false,
-       whole_cell,
-       {20, 1},
-       {2, 0},
-       {17, 0}},
+      {"met by a walker whose box stands 2^24 off", Vector(0x1p24f + 8, 6),
+       box(0, -far, 64, 2 * far), false, box(0x1p24f, -0.5f, 3, 1)},
+      {"across a corridor one cell tall", Vector(10, 0), whole_cell, false, whole_cell,
+       Vector(20, 1), Vector(2, 0), Vector(17, 0)},
   };
   for (const auto& wall : walls) {
     SCOPED_TRACE(wall.what);

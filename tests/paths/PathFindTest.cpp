@@ -68,7 +68,7 @@ TEST_F(PathFindTest, WaysAroundWallsAndCornersEndWhereTheyShould) {
   }
 }
 
-TEST_F(PathFindTest, ASearchForAnObjectEndsWhereTheyFirstTouchEvenIfItIsGone) {
+TEST_F(PathFindTest, SearchesEndWhereAnObjectIsFirstTouchedAndSafelyWhateverTheirObjectsDo) {
   auto* target = new RecordingObject("target", {10, 5}, mv::HARD);
   target->setBox(mv::Box(Vector(-1.5f, -0.5f), 3, 1));
   RecordingObject* o = walker({2, 5});
@@ -77,26 +77,7 @@ TEST_F(PathFindTest, ASearchForAnObjectEndsWhereTheyFirstTouchEvenIfItIsGone) {
   searchToTheEnd();
   ASSERT_FALSE(nodes(o).empty());
   EXPECT_EQ(nodes(o).back(), Vector(9, 5)) << "the walker's box met the target's there";
-}
 
-TEST_F(PathFindTest, AFoundPathIsWalkedToItsEndAndTheWalkerStops) {
-  RecordingObject* o = walker({2, 2});
-  o->setSpeed(1);
-  ASSERT_EQ(o->findPath(Vector(6, 4)), 0);
-  // A frame with no time left still gives the searches their least time.
-  for (int i = 0; i < 20 && nodes(o).empty(); i++) {
-    mv::PathManager::getInstance().cycle(0);
-  }
-  ASSERT_FALSE(nodes(o).empty());
-  for (int frame = 0; frame < 20; frame++) {
-    mv::WorldManager::getInstance().update();
-  }
-  EXPECT_EQ(o->getPosition(), Vector(6, 4));
-  EXPECT_EQ(o->getDirection(), Vector(0, 0));
-  EXPECT_FALSE(o->getFollowPath());
-}
-
-TEST_F(PathFindTest, SearchesEndSafelyWhateverTheirObjectsDo) {
   setWorldSize(60, 20);
   RecordingObject* quick = walker({5, 5});
   RecordingObject* doomed = walker({5, 10});
@@ -120,6 +101,23 @@ TEST_F(PathFindTest, SearchesEndSafelyWhateverTheirObjectsDo) {
   searchToTheEnd();
   EXPECT_EQ(again->received, std::vector<std::string>{"mv-path"});
   EXPECT_EQ(mv::PathManager::getInstance().removePathFind(nullptr), -1);
+}
+
+TEST_F(PathFindTest, AFoundPathIsWalkedToItsEndAndTheWalkerStops) {
+  RecordingObject* o = walker({2, 2});
+  o->setSpeed(1);
+  ASSERT_EQ(o->findPath(Vector(6, 4)), 0);
+  // A frame with no time left still gives the searches their least time.
+  for (int i = 0; i < 20 && nodes(o).empty(); i++) {
+    mv::PathManager::getInstance().cycle(0);
+  }
+  ASSERT_FALSE(nodes(o).empty());
+  for (int frame = 0; frame < 20; frame++) {
+    mv::WorldManager::getInstance().update();
+  }
+  EXPECT_EQ(o->getPosition(), Vector(6, 4));
+  EXPECT_EQ(o->getDirection(), Vector(0, 0));
+  EXPECT_FALSE(o->getFollowPath());
 }
 
 // A walled-in walker's search fails, an end outside the world is refused, and a

@@ -21,10 +21,9 @@ TEST(Sprite, HoldsAtMostItsFramesAndAnswersEmptyOutsideThem) {
   EXPECT_EQ(sprite.getFrame(3).getString(), "");
   EXPECT_EQ(sprite.getFrame(-1).getString(), "");
 
-  EXPECT_NE(mv_test::stderrOf([] {
-              EXPECT_EQ(Sprite(-4).addFrame(Frame(1, 1, "x")), -1);
-            }).find("Sprite::Sprite(): Error! Unable to allocate -4 frames."),
-            std::string::npos);
+  EXPECT_TRUE(mv_test::hasMessage(
+      mv_test::stderrOf([] { EXPECT_EQ(Sprite(-4).addFrame(Frame(1, 1, "x")), -1); }),
+      "Sprite::Sprite(): Error! Unable to allocate -4 frames."));
 }
 
 TEST(Animation, AdvancesAtTheSpritesPaceWrapsAroundAndTakesTheSpritesBoxCentred) {

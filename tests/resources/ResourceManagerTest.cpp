@@ -32,7 +32,7 @@ class ResourceManagerTest : public mv_test::ResourceTest {
 
 const std::vector<int> LOADED = {0, 0, 0}, REFUSED = {-1, -1, -1};
 
-TEST_F(ResourceManagerTest, RefusesAllButLookupsWhileStoppedThenFindsTheFirstOfALabelOrWarns) {
+TEST_F(ResourceManagerTest, RefusesWhileStoppedAndBadFilesByNameThenFindsTheFirstOfALabel) {
   EXPECT_EQ(resources.startUp(), -1);
   EXPECT_EQ(newMessages(),
             Lines{"ResourceManager::startup(): Warning! ResourceManager already started."});
@@ -60,9 +60,8 @@ TEST_F(ResourceManagerTest, RefusesAllButLookupsWhileStoppedThenFindsTheFirstOfA
   EXPECT_EQ(newMessages(), (Lines{"RM::getSprite(): Warning! Sprite 'ship' not found.",
                                   "RM::getSound(): Warning! Sound 'tune' not found.",
                                   "RM::getMusic(): Warning! Music 'shot' not found."}));
-}
 
-TEST_F(ResourceManagerTest, BadFilesAreRefusedWithTheirNamesAndLeaveTheSlotFree) {
+  // Bad files are refused with their names, and leave their labels free.
   scratch.write("noise.wav", "RIFF but not really");
   newMessages();
   EXPECT_EQ(resources.loadSprite("nowhere.txt", "ship"), -1);
@@ -114,23 +113,21 @@ TEST_F(ResourceManagerTest, HoldsAThousandSpritesAHundredSoundsAndFiftyTracksThe
 TEST_F(ResourceManagerTest, WritesEachStepOfALoadAndEveryRowWhenAsked) {
   mv::LogManager::getInstance().setLogLevel(15);
   ASSERT_EQ(loadSprite(fileText({"2", "2", "1", "3", "green", "ab", "cd"}), "pair"), 0);
-  const Lines expected = {
-      "RM::loadSprite(): Loading sprite 'sprite.txt'.",
-      "RM::loadSprite(): assuming simple sprite file format.",
-      "\t      Frames: 2",
-      "\t       Width: 2",
-      "\t      Height: 1",
-      "\t    Slowdown: 3",
-      "\t       Color: Green",
-      "RM::loadSimpleSprite(): Reading frame 0 of 2.",
-      "RM::loadSimpleSprite(): Reading frame 1 of 2.",
-      "RM::loadSprite(): Sprite 'pair' frames:",
-      "\tFrame 1:",
-      "\tab",
-      "\tFrame 2:",
-      "\tcd",
-      "RM::loadSprite(): Sprite 'pair' loaded.",
-  };
+  const Lines expected = {"RM::loadSprite(): Loading sprite 'sprite.txt'.",
+                          "RM::loadSprite(): assuming simple sprite file format.",
+                          "\t      Frames: 2",
+                          "\t       Width: 2",
+                          "\t      Height: 1",
+                          "\t    Slowdown: 3",
+                          "\t       Color: Green",
+                          "RM::loadSimpleSprite(): Reading frame 0 of 2.",
+                          "RM::loadSimpleSprite(): Reading frame 1 of 2.",
+                          "RM::loadSprite(): Sprite 'pair' frames:",
+                          "\tFrame 1:",
+                          "\tab",
+                          "\tFrame 2:",
+                          "\tcd",
+                          "RM::loadSprite(): Sprite 'pair' loaded."};
   EXPECT_EQ(logged, expected);
 }
 

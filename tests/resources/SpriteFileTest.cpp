@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <regex>
+#include <sstream>
 #include <vector>
 
 #include "LogManager.h"
@@ -57,18 +58,15 @@ class SpriteFile : public mv_test::ResourceTest {
 
 // Everything a sprite holds, in one line.
 std::string describe(const mv::Sprite* sprite) {
-  std::string text = sprite->getLabel() + " " + std::to_string(sprite->getFrameCount()) + " of " +
-                     std::to_string(sprite->getWidth()) + "x" +
-                     std::to_string(sprite->getHeight()) + " slowdown " +
-                     std::to_string(sprite->getSlowdown()) + " color " +
-                     std::to_string(sprite->getColor()) + " transparency " +
-                     std::to_string(sprite->getTransparency());
+  std::ostringstream text;
+  text << sprite->getLabel() << " " << sprite->getFrameCount() << " of " << sprite->getWidth()
+       << "x" << sprite->getHeight() << " slowdown " << sprite->getSlowdown() << " color "
+       << sprite->getColor() << " transparency " << static_cast<int>(sprite->getTransparency());
   for (int i = 0; i < sprite->getFrameCount(); i++) {
     const mv::Frame& frame = sprite->getFrame(i);
-    text += " " + std::to_string(frame.getWidth()) + "x" + std::to_string(frame.getHeight()) + ":" +
-            frame.getString();
+    text << " " << frame.getWidth() << "x" << frame.getHeight() << ":" << frame.getString();
   }
-  return text;
+  return text.str();
 }
 
 std::string withCarriageReturns(const std::string& text) {
@@ -106,8 +104,10 @@ TEST_F(SpriteFile, TheFirstLineTellsTheFormat) {
   EXPECT_EQ(describe(sprite()), "ship 1 of 2x1 slowdown 0 color 2 transparency 0 2x1:ab");
 }
 
-TEST_F(SpriteFile, SimpleHeaderItemsAreRequiredInOrderAndChecked) {
+TEST_F(SpriteFile, SimpleFilesNeedTheirHeaderInOrderAndEveryRowOfTheWidthAndNothingAfter) {
+  const std::string ship = fileText(SIMPLE_SHIP);
   const std::string eof = "RM::loadSimpleSprite(): Error! Unexpected end of file.";
+  const std::string line_10 = "RM::loadSimpleSprite(): Error line 10!";
   expectRefused({
       {"2\n", {GETLINE_EOF, eof, "\tMissing width (an integer)."}},
       {"2\n\n", {eof, "\tMissing width (an integer)."}},
@@ -122,6 +122,12 @@ TEST_F(SpriteFile, SimpleHeaderItemsAreRequiredInOrderAndChecked) {
       {"99999999999999999999\n",
        {"RM::loadSimpleSprite(): Error line 1! Number of frames is 2147483647, more than 10000."}},
       {"1\n1001\n", {"RM::loadSimpleSprite(): Error line 2! Width is 1001, more than 1000."}},
+      // Rows short, missing, or followed by more.
+      {fileText({"2", "3", "2", "4", "red", "/#\\", "\\#", "|#|", "|#|"}),
+       {"RM::loadSimpleSprite(): Error line 7!", "\tLine  7: '\\#'", "\tWidth is 2, expected 3."}},
+      {ship.substr(0, ship.size() - 1), {GETLINE_EOF, eof, "\tReading frame 2 of 2, row 2 of 2."}},
+      {ship + "\n", {line_10, "\tExtra file data: ''"}},
+      {ship + "more\r\n", {line_10, "\tExtra file data: 'more'"}},
   });
 }
 
@@ -147,19 +153,6 @@ TEST_F(SpriteFile, SpritesExactlyAtTheSizeLimitsLoad) {
     EXPECT_EQ(sprite(label)->getFrameCount(), c.frames);
     EXPECT_EQ(sprite(label)->getFrame(c.frames - 1).getString().size(), 1u * c.width * c.height);
   }
-}
-
-TEST_F(SpriteFile, SimpleRowsMustBeAllThereEachOfTheWidthAndNothingAfter) {
-  const std::string ship = fileText(SIMPLE_SHIP);
-  const std::string eof = "RM::loadSimpleSprite(): Error! Unexpected end of file.";
-  const std::string line_10 = "RM::loadSimpleSprite(): Error line 10!";
-  expectRefused({
-      {fileText({"2", "3", "2", "4", "red", "/#\\", "\\#", "|#|", "|#|"}),
-       {"RM::loadSimpleSprite(): Error line 7!", "\tLine  7: '\\#'", "\tWidth is 2, expected 3."}},
-      {ship.substr(0, ship.size() - 1), {GETLINE_EOF, eof, "\tReading frame 2 of 2, row 2 of 2."}},
-      {ship + "\n", {line_10, "\tExtra file data: ''"}},
-      {ship + "more\r\n", {line_10, "\tExtra file data: 'more'"}},
-  });
 }
 
 TEST_F(SpriteFile, RobustHeadersTakeDefaultsAndTheLastOfRepeatedKeys) {
@@ -203,7 +196,7 @@ TEST_F(SpriteFile, RobustHeadersMustNameSensibleSizesAndAKnownColor) {
   });
 }
 
-TEST_F(SpriteFile, RobustBlocksMustStandInOrderClosedAndWithoutEmptyLines) {
+TEST_F(SpriteFile, RobustBlocksStandInOrderClosedAndFramesHoldTheirRowsAndEndAndNoMore) {
   const std::string ship_text = robust(SHIP_HEADER, SHIP_BODY);
   std::string misnamed = ship_text;
   misnamed.replace(misnamed.find("<BODY>"), 6, "<BOD>");
@@ -211,6 +204,7 @@ TEST_F(SpriteFile, RobustBlocksMustStandInOrderClosedAndWithoutEmptyLines) {
   with_gap.replace(with_gap.find("width 3\n"), 8, "width 3\n\n");
   const std::string no_version =
       "RM::loadRobustSprite(): Error! Missing 'version' in FOOTER (line 19).";
+  const std::string no_frame = "RM::loadRobustSprite(): Error! No frame data to add.";
   expectRefused({
       {misnamed, {"readData(): Error line 9! Expected '<BODY>', have '<BOD>'."}},
       {with_gap, {"readData(): Error! Stop at line 3, never encountered '</HEADER>'."}},
@@ -219,13 +213,7 @@ TEST_F(SpriteFile, RobustBlocksMustStandInOrderClosedAndWithoutEmptyLines) {
       {robust({"frames 0", "width 3", "height 2"}, {}),
        {"readData(): Error line 7! Nothing between '<BODY>' and '</BODY>'."}},
       {robust(SHIP_HEADER, SHIP_BODY, {"versions"}), {no_version}},
-  });
-  EXPECT_EQ(loadSprite(ship_text + "anything at all"), 0) << "nothing after the footer is read";
-}
-
-TEST_F(SpriteFile, RobustFramesNeedTheirRowsAndTheirEndAndNothingMore) {
-  const std::string no_frame = "RM::loadRobustSprite(): Error! No frame data to add.";
-  expectRefused({
+      // Frames short of rows or of their end, or more of them than the header says.
       {robust(SHIP_HEADER, {"/#\\", "\\#/", "end", "|#|", "|#", "end"}),
        {"\tError! Line 14: Line length is 2 (frame width is 3).", "\tLine 14: '|#'", no_frame}},
       {robust(SHIP_HEADER, {"/#\\", "\\#/", "END", "|#|", "|#|", "end"}),
@@ -240,6 +228,7 @@ TEST_F(SpriteFile, RobustFramesNeedTheirRowsAndTheirEndAndNothingMore) {
       {robust({"frames 1", "width 3", "height 1"}, {"%s%", "%n%"}),
        {"\tError! Line 9: Expected 'end'.", "\tLine 9: '%n%'", no_frame}},
   });
+  EXPECT_EQ(loadSprite(ship_text + "anything at all"), 0) << "nothing after the footer is read";
   ASSERT_EQ(loadSprite(robust({"frames 1", "width 3", "height 2"}, {"end", "%n%", "end"}), "rows"),
             0);
   EXPECT_EQ(sprite("rows")->getFrame(0).getString(), "end%n%") << "a row may read 'end'";

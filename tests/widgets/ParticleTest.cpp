@@ -27,7 +27,7 @@ class ParticleTest : public mv_test::WorldTest {
   }
 };
 
-TEST_F(ParticleTest, ParticlesUseNoIdsAndDieWithTheirAgeOrOutsideTheWorld) {
+TEST_F(ParticleTest, ParticlesUseNoIdsDieWithAgeOrOutsideAndBatchesVaryWithinTheirSpreads) {
   const int expected_id = (new mv::Object)->getId() + 1;
   auto* first = new mv::Particle(1, 1, 255, 255, 0, 0);
   auto* second = new mv::Particle(1, 3, 255, 255, 0, 0);
@@ -46,9 +46,7 @@ TEST_F(ParticleTest, ParticlesUseNoIdsAndDieWithTheirAgeOrOutsideTheWorld) {
   world().update();
   world().update();
   EXPECT_TRUE(ofType("Particle").empty()) << "a particle that leaves the world is gone";
-}
 
-TEST_F(ParticleTest, BatchesVaryWithinTheirSpreadsAndKeepWhatHasNone) {
   for (int count : {0, -3}) {
     EXPECT_EQ(mv::addParticles(count, Vector(5, 5), 0, Vector(), 0, 1, 0, 1, 0, 10, 0, 255, 0, 1, 2,
                                3, 0, mv::PARTICLE),

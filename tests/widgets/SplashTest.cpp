@@ -13,7 +13,6 @@
 namespace {
 
 using mv::GameManager;
-using mv::Vector;
 using mv::WorldManager;
 
 mv::Object* only(const std::string& type) {
@@ -47,11 +46,11 @@ TEST(Splash, AnyKeyEndsItOtherwiseTheNameSlidesInAndTheEmblemClimbsStepByStep) {
   new mv::Splash;
   mv::Object* name = only("Splash");
   ASSERT_NE(name, nullptr);
-  EXPECT_EQ(name->getPosition(), Vector(103.5f, 12)) << "just beyond the view's right edge";
+  EXPECT_EQ(name->getPosition(), mv::Vector(103.5f, 12)) << "just beyond the view's right edge";
   framesUpTo(13);
   EXPECT_EQ(only("SplashMorvane"), nullptr);
   framesUpTo(14);
-  EXPECT_EQ(name->getPosition(), Vector(38.3125f, 12)) << "14 moves, then it stops";
+  EXPECT_EQ(name->getPosition(), mv::Vector(38.3125f, 12)) << "14 moves, then it stops";
   EXPECT_EQ(name->getAnimation().getIndex(), 1) << "and shows its second lettering";
   mv::Object* emblem = only("SplashMorvane");
   ASSERT_NE(emblem, nullptr);
@@ -72,10 +71,9 @@ TEST(Splash, AnyKeyEndsItOtherwiseTheNameSlidesInAndTheEmblemClimbsStepByStep) {
 
 TEST(Splash, RunsNinetyStepsInItsOwnLoopAndNeedsAStartedEngine) {
   mv_test::ScratchDirectory scratch;
-  EXPECT_NE(mv_test::stderrOf([] {
-              EXPECT_EQ(mv::splash(), -1);
-            }).find("splash(): Error! Cannot run splash screen until game manger is started."),
-            std::string::npos);
+  EXPECT_TRUE(mv_test::hasMessage(
+      mv_test::stderrOf([] { EXPECT_EQ(mv::splash(), -1); }),
+      "splash(): Error! Cannot run splash screen until game manger is started."));
   scratch.write("mv-config.txt", "headless:true,networking:false,frame_time:1,");
   GameManager& game = GameManager::getInstance();
   ASSERT_EQ(game.startUp(), 0);

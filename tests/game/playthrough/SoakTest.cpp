@@ -10,8 +10,6 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <chrono>
-#include <cstdio>
 #include <filesystem>
 #include <functional>
 #include <sstream>
@@ -105,18 +103,6 @@ void lookAt(int frame, std::vector<std::string>& states) {
   }
 }
 
-void printGames(const std::vector<GameRecord>& games, const std::vector<long>& memory) {
-  for (std::size_t i = 0; i < games.size(); i++) {
-    std::printf("game %zu: %d frames, room %d, %d upgrades, %s, %ld kB resident at its start\n",
-                i + 1, games[i].last_frame - games[i].first_frame, games[i].rooms_reached,
-                games[i].upgrades_taken,
-                !games[i].over      ? "going on"
-                : games[i].given_up ? "given up"
-                                    : "died",
-                i < memory.size() ? memory[i] : -1L);
-  }
-}
-
 }  // namespace
 
 TEST(Soak, PlaysManyGamesWithoutAnErrorOrGrowingMemoryAndTheSameGameAgain) {
@@ -129,7 +115,6 @@ TEST(Soak, PlaysManyGamesWithoutAnErrorOrGrowingMemoryAndTheSameGameAgain) {
   std::filesystem::current_path(folder);
   std::vector<long> memory_at_start;
   std::vector<std::string> states;
-  const auto start = std::chrono::steady_clock::now();
   const std::vector<GameRecord> games =
       play(FRAMES, PLAYER_SEED, [&](int frame, const AutoPlayer& player) {
         lookAt(frame, states);
@@ -137,10 +122,6 @@ TEST(Soak, PlaysManyGamesWithoutAnErrorOrGrowingMemoryAndTheSameGameAgain) {
           memory_at_start.push_back(residentKilobytes());
         }
       });
-  const std::chrono::duration<double> spent = std::chrono::steady_clock::now() - start;
-  std::printf("%d frames in %.1f s, %.0f frames per second\n", FRAMES, spent.count(),
-              FRAMES / spent.count());
-  printGames(games, memory_at_start);
 
   ASSERT_GE(games.size(), 5u) << "games end and begin again";
   const GameRecord& furthest = *std::max_element(

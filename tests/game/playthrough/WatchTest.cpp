@@ -3,7 +3,6 @@
 // colour for colour; watchers come and go, one reads nothing, one too many
 // asks to watch, and the host's end is told to all who stay.
 #include <gtest/gtest.h>
-#include <netinet/in.h>
 #include <sys/socket.h>
 
 #include <map>
@@ -17,11 +16,12 @@
 #include "InputManager.h"
 #include "NetworkManager.h"
 #include "ScratchDirectory.h"
+#include "ScreenGrid.h"
 #include "ScreenMirror.h"
 #include "ScreenWatcher.h"
-#include "TextScreen.h"
 #include "game.h"
 #include "logLines.h"
+#include "loopbackPeer.h"
 #include "messages.h"
 #include "session.h"
 #include "sockets.h"
@@ -30,21 +30,6 @@ namespace {
 
 constexpr int FRAMES = 3000;
 const char* const SETTINGS = "headless:true,frame_time:0,random_seed:4242,";
-
-std::string textOf(const mv_test::TextScreen& screen) { return screen.text() + screen.colors(); }
-
-std::string textOf(const mv::ScreenGrid& grid) {
-  mv_test::TextScreen screen(grid.getWidth(), grid.getHeight());
-  for (std::size_t i = 0; i < grid.getCells().size(); i++) {
-    const mv::ScreenCell& cell = grid.getCells()[i];
-    if (cell.drawn) {
-      const auto width = static_cast<std::size_t>(grid.getWidth());
-      screen.recordCell(mv::Vector(static_cast<float>(i % width), static_cast<float>(i / width)),
-                        cell.character, cell.r, cell.g, cell.b);
-    }
-  }
-  return textOf(screen);
-}
 
 // A watcher of our own in this process, and what it has shown.
 struct Watching {
@@ -58,16 +43,11 @@ struct Watching {
 // A peer that greets as a watcher and then reads nothing, with the smallest
 // receive buffer the system allows.
 int watcherThatReadsNothing(int port) {
-  const int peer = ::socket(AF_INET, SOCK_STREAM, 0);
-  const int smallest = 1;
-  setsockopt(peer, SOL_SOCKET, SO_RCVBUF, &smallest, sizeof smallest);
-  sockaddr_in where{};
-  where.sin_family = AF_INET;
-  where.sin_port = htons(static_cast<std::uint16_t>(port));
-  where.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-  EXPECT_EQ(::connect(peer, reinterpret_cast<sockaddr*>(&where), sizeof where), 0);
-  const std::string hello = mv::frameMessage(mv::WATCH_HELLO, mv::helloFromWatcher(), mv::WATCH_LABELS);
-  EXPECT_EQ(mv::sockets::sendSome(peer, hello.data(), hello.size()), static_cast<long>(hello.size()));
+  const int peer = mv_test::connectLoopback(port, 1);
+  const std::string hello =
+      mv::frameMessage(mv::WATCH_HELLO, mv::helloFromWatcher(), mv::WATCH_LABELS);
+  EXPECT_EQ(mv::sockets::sendSome(peer, hello.data(), hello.size()),
+            static_cast<long>(hello.size()));
   return peer;
 }
 
@@ -82,25 +62,23 @@ TEST(Watching, EveryFrameAWatcherShowsIsTheHostsAndNoWatcherHoldsTheHostUp) {
   mv::ScreenMirror& mirror = mv::ScreenMirror::getInstance();
   ASSERT_EQ(mirror.start(0, mv::LOOPBACK_ADDRESS), 0);
   mirror.setPatience(60);
-  auto host_screen = std::make_unique<mv_test::TextScreen>(157, 48);
-  mv::DisplayManager::getInstance().addCellRecorder(host_screen.get());
+  mv::ScreenGrid host_screen(157, 48);
+  mv::DisplayManager::getInstance().addCellRecorder(&host_screen);
 
   // Watchers join at frames 0 and 1,000 and 2,000; one that reads nothing at
   // 10, and one too many at 2,100.
   std::vector<std::unique_ptr<Watching>> watchers;
   const std::map<int, int> joining = {{0, 0}, {1000, 1}, {2000, 2}};
-  std::map<int, std::string> host_screens;
+  std::map<int, std::vector<mv::ScreenCell>> host_screens;
   int silent = -1;
   int turned_away = -1;
   AutoPlayer player(3);
   player.setFrameListener([&](int frame) {
     // What the host drew in the frame before this one, the step it sent it at.
     const int step = mv::GameManager::getInstance().getStepCount() - 1;
-    host_screens[step] = textOf(*host_screen);
+    host_screens[step] = host_screen.getCells();
     host_screens.erase(step - 5);
-    mv::DisplayManager::getInstance().removeCellRecorder(host_screen.get());
-    host_screen = std::make_unique<mv_test::TextScreen>(157, 48);
-    mv::DisplayManager::getInstance().addCellRecorder(host_screen.get());
+    host_screen.clear();
     if (joining.count(frame) > 0) {
       watchers.push_back(std::make_unique<Watching>());
       watchers.back()->joined_at = frame;
@@ -118,7 +96,8 @@ TEST(Watching, EveryFrameAWatcherShowsIsTheHostsAndNoWatcherHoldsTheHostUp) {
       int shown_step = 0;
       while (w->watcher.showNextFrame(shown_step)) {
         const auto host = host_screens.find(shown_step);
-        w->differing += host == host_screens.end() || host->second != textOf(w->watcher.getGrid());
+        w->differing +=
+            host == host_screens.end() || host->second != w->watcher.getGrid().getCells();
         w->shown++;
       }
       for (const mv::WatchedSound& sound : w->watcher.takeSounds()) {
@@ -132,7 +111,7 @@ TEST(Watching, EveryFrameAWatcherShowsIsTheHostsAndNoWatcherHoldsTheHostUp) {
   mv::InputManager::getInstance().setInputSource(&player);
   mv::GameManager::getInstance().run();
   const int watching_at_the_end = mirror.getWatcherCount();
-  mv::DisplayManager::getInstance().removeCellRecorder(host_screen.get());
+  mv::DisplayManager::getInstance().removeCellRecorder(&host_screen);
   stopRustline();
   fixGameSeconds(-1);
 
