@@ -15,6 +15,7 @@ TEST(WatchMessages, AScreenArrivesAsDrawnAndOneCutOrPastTheGridIsRefusedWritingN
   before.recordCell(Vector(0, 0), 'a', 255, 0, 0);
   before.recordCell(Vector(5, 2), 'z', 1, 2, 3);
   before.recordCell(Vector(2.7f, 1.2f), ' ', 0, 0, 255);
+  before.recordCell(Vector(3, 1), 'b', 0, 255, 0);  // on its corner, in the same run
   ScreenGrid now = before;
   now.recordCell(Vector(5, 2), 'y', 1, 2, 3);
   now.recordCell(Vector(6, 0), 'x', 0, 0, 0);
@@ -40,6 +41,12 @@ TEST(WatchMessages, AScreenArrivesAsDrawnAndOneCutOrPastTheGridIsRefusedWritingN
   const std::string screen = mv::screenChanges(1, nullptr, big);
   ScreenGrid small(4, 4);
   EXPECT_FALSE(mv::applyScreenChanges(screen, small, step)) << "cell 99 of a grid of 16";
+  ScreenGrid row(10, 10);
+  for (float x = 0; x < 10; x++) {
+    row.recordCell(Vector(x, 1), '-', 9, 9, 9);
+  }
+  EXPECT_FALSE(mv::applyScreenChanges(mv::screenChanges(1, nullptr, row), small, step))
+      << "a run of cells 10 to 19 over a grid of 16";
   EXPECT_FALSE(mv::applyScreenChanges(screen.substr(0, screen.size() - 1), big, step));
   EXPECT_EQ(small.getCells(), ScreenGrid(4, 4).getCells());
 
